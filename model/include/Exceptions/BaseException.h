@@ -1,0 +1,37 @@
+#pragma once
+
+#include <Platform/Export.h>
+#include <Templates/Containers.h>
+
+namespace MXF::Tessel::Exceptions {
+
+/// Root of all exceptions of the library. Thrown by value, caught by reference; a copy carries the same texts.
+class TESSELMXF_MODEL_API BaseException {
+ public:
+  /// @param message     fixed English text, often followed by the offending name; copied.
+  /// @param sourceFile  name of the source file of the throw site.
+  /// @param line        its line there.
+  BaseException(const wchar_t* message, const char* sourceFile, int line);
+  /// The same with a narrow message (UTF-8), which is widened.
+  BaseException(const char* message, const char* sourceFile, int line);
+  BaseException(const BaseException& other);
+  BaseException& operator=(const BaseException& other);
+
+  virtual ~BaseException();
+
+  /// The message alone. Valid while the exception lives.
+  virtual const wchar_t* message() const;
+  /// The message, then " [", the source file of the throw site, ":", its line, and "]". Valid while the exception
+  /// lives.
+  virtual const wchar_t* what() const;
+  /// The class's fixed number (Exceptions/Exceptions.h); 0 for the root itself.
+  virtual int code() const;
+
+ private:
+  BaseException(Templates::WideString message, const char* sourceFile, int line);
+
+  Templates::WideString message_;
+  Templates::WideString what_;
+};
+
+}  // namespace MXF::Tessel::Exceptions

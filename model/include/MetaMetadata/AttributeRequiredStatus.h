@@ -1,0 +1,29 @@
+#pragma once
+
+#include <Platform/Export.h>
+
+namespace MXF::Tessel::MetaMetadata {
+
+/// Whether an attribute must be there in its set (SMPTE ST 377-1), and the words for it. One object serves the whole
+/// process; it never changes, so any number of threads may ask it at once.
+class TESSELMXF_MODEL_API AttributeRequiredStatus {
+ public:
+  enum class Status : int { Required, Optional, DecoderRequired, EncoderRequired, BestEffort };
+
+  static AttributeRequiredStatus& instance();
+
+  /// @param text  "Req", "Opt", "D/req", "E/req" or "B.Effort", exactly.
+  /// @throws Exceptions::InvalidValue  any other text: "Unknown required status: " and the text.
+  virtual Status fromString(const wchar_t* text) const;
+  /// The same word; valid for ever.
+  virtual const wchar_t* toString(const Status& status) const;
+
+  AttributeRequiredStatus(const AttributeRequiredStatus&) = delete;
+  AttributeRequiredStatus& operator=(const AttributeRequiredStatus&) = delete;
+
+ protected:
+  AttributeRequiredStatus() = default;
+  ~AttributeRequiredStatus() = default;
+};
+
+}  // namespace MXF::Tessel::MetaMetadata

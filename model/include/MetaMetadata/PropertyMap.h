@@ -1,0 +1,38 @@
+#pragma once
+
+#include <Platform/Export.h>
+#include <Templates/Containers.h>
+
+#include <cstddef>
+
+namespace MXF::Tessel::MetaMetadata {
+
+/// Text properties of an element, set or attribute: what the schema says about it beyond its own members. Base of the
+/// classes that carry properties.
+class TESSELMXF_MODEL_API PropertyMap {
+ public:
+  using Properties = Templates::map<Templates::WideString, Templates::WideString>;
+
+  PropertyMap() = default;
+  PropertyMap(const PropertyMap&) = default;
+  /// Takes over a copy of the other map's properties in place of its own.
+  virtual PropertyMap& operator=(const PropertyMap& other);
+  virtual ~PropertyMap();
+
+  /// Stores a copy of both texts; a key that is already present gets the new value.
+  virtual void addProperty(const wchar_t* key, const wchar_t* value);
+  /// @return the stored value, valid until that property is set again or the map is assigned to or destroyed.
+  /// @throws Exceptions::NotFound  there is no such key: "Property not found: " and the key.
+  virtual const wchar_t* getProperty(const wchar_t* key) const;
+
+  /// All properties, in key order.
+  const Properties& properties() const { return properties_; }
+
+  static void* operator new(std::size_t size);
+  static void operator delete(void* block, std::size_t size) noexcept;
+
+ private:
+  Properties properties_;
+};
+
+}  // namespace MXF::Tessel::MetaMetadata

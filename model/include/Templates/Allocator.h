@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <new>
+
+namespace MXF::Tessel::Templates {
+
+/// Lets the standard containers take their memory from an allocator of malloc_alloc's kind: a class with the static
+/// operations allocate(bytes) and deallocate(block, bytes).
+template <class T, class Allocator>
+class StandardAllocator {
+ public:
+  using value_type = T;
+
+  StandardAllocator() noexcept = default;
+  template <class U>
+  // NOLINTNEXTLINE(google-explicit-constructor): the allocator requirements ask for the implicit conversion.
+  StandardAllocator(const StandardAllocator<U, Allocator>& /*other*/) noexcept {}
+
+  T* allocate(std::size_t count) {
+    if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) throw std::bad_array_new_length();
+    return static_cast<T*>(Allocator::allocate(count * sizeof(T)));
+  }
+  void deallocate(T* block, std::size_t count) noexcept { Allocator::deallocate(block, count * sizeof(T)); }
+
+  template <class U>
+  struct rebind {
+    using other = StandardAllocator<U, Allocator>;
+  };
+};
+
+template <class T, class U, class Allocator>
+bool operator==(const StandardAllocator<T, Allocator>& /*a*/, const StandardAllocator<U, Allocator>& /*b*/) noexcept {
+  return true;
+}
+
+template <class T, class U, class Allocator>
+bool operator!=(const StandardAllocator<T, Allocator>& /*a*/, const StandardAllocator<U, Allocator>& /*b*/) noexcept {
+  return false;
+}
+
+}  // namespace MXF::Tessel::Templates

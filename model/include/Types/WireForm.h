@@ -1,0 +1,39 @@
+#pragma once
+
+#include <Platform/Export.h>
+
+#include <array>
+#include <cstddef>
+#include <type_traits>
+
+namespace MXF::Tessel::Types {
+
+/// A number in its big-endian wire form.
+template <class Number>
+class BigEndian {
+ public:
+  explicit BigEndian(Number number) { store(bytes_.data(), number); }
+
+  Number value() const { return load(bytes_.data()); }
+  const unsigned char* bytes() const { return bytes_.data(); }
+
+  /// Writes the number's sizeof(Number) bytes, the most significant first.
+  static void store(unsigned char* bytes, Number number) {
+    auto rest = static_cast<unsigned long long>(number);
+    for (std::size_t i = sizeof(Number); i-- > 0; rest >>= 8U) bytes[i] = static_cast<unsigned char>(rest & 0xFFU);
+  }
+  static Number load(const unsigned char* bytes) {
+    unsigned long long number = 0;
+    for (std::size_t i = 0; i < sizeof(Number); ++i) number = number << 8U | bytes[i];
+    return static_cast<Number>(static_cast<std::make_unsigned_t<Number>>(number));
+  }
+
+ private:
+  std::array<unsigned char, sizeof(Number)> bytes_;
+};
+
+/// The length as a property length.
+/// @throws Exceptions::InvalidValue  it is above 65535.
+TESSELMXF_MODEL_API unsigned short propertyLength(std::size_t bytes);
+
+}  // namespace MXF::Tessel::Types

@@ -1,0 +1,68 @@
+#include <Exceptions/Exceptions.h>
+#include <Utils/TextConversion.h>
+
+#include <string>
+
+namespace MXF::Tessel::Exceptions {
+
+using Templates::WideString;
+
+BaseException::BaseException(const wchar_t* message, const char* sourceFile, int line)
+    : BaseException(WideString(message), sourceFile, line) {}
+
+BaseException::BaseException(const char* message, const char* sourceFile, int line)
+    : BaseException(Utils::stringToWstring(message), sourceFile, line) {}
+
+BaseException::BaseException(WideString message, const char* sourceFile, int line) : message_(std::move(message)) {
+  what_ = message_ + L" [" + Utils::stringToWstring(sourceFile) + L":" + std::to_wstring(line).c_str() + L"]";
+}
+
+BaseException::BaseException(const BaseException& other) = default;
+BaseException& BaseException::operator=(const BaseException& other) = default;
+BaseException::~BaseException() = default;
+
+const wchar_t* BaseException::message() const {
+  return message_.c_str();
+}
+const wchar_t* BaseException::what() const {
+  return what_.c_str();
+}
+int BaseException::code() const {
+  return 0;
+}
+
+int InvalidValue::code() const {
+  return 16;
+}
+int InvalidMetaElementDeclaration::code() const {
+  return 20;
+}
+int InvalidULDesignator::code() const {
+  return 25;
+}
+int IOError::code() const {
+  return 26;
+}
+int NotFound::code() const {
+  return 31;
+}
+int ParseError::code() const {
+  return 33;
+}
+int OperationNotAllowed::code() const {
+  return 42;
+}
+int MetaElementAlreadyLoaded::code() const {
+  return 44;
+}
+int MetaMetadataSetAlreadyLoaded::code() const {
+  return 45;
+}
+int SchemeDataMissingException::code() const {
+  return 46;
+}
+int TypeNotSupportedException::code() const {
+  return 47;
+}
+
+}  // namespace MXF::Tessel::Exceptions
