@@ -71,33 +71,56 @@ def add_once(table, key, value, what):
     table[key] = value
 
 
+def read_element(name, row, section):
+    return Element(name, *row, section)
+
+
 def read_property(row):
-    extra = row.pop() if isinstance(row[-1], dict) else {}
-    return Property(*row, **extra)
+    columns, extra = (row[:-1], row[-1]) if isinstance(row[-1], dict) else (row, {})
+    return Property(*columns, **extra)
+
+
+def read_group(name, table, scheme, section):
+    """A group from its table, where `name` is the registry name; the table's own name is the XML name."""
+    table = dict(table)
+    properties = [read_property(row) for row in table.pop("properties", [])]
+    return Group(name, scheme, section, title=table.pop("name"), properties=properties, **table)
+
+
+def read_all(path, table, read, *where, what):
+    for name, value in table.items():
+        try:
+            item = read(name, value, *where)
+        except (TypeError, KeyError, IndexError) as error:
+            raise SourceError(f"{path}: {what} {name} is not as it should be: {error}") from error
+        yield name, item
 
 
 class Source:
+    """All that schemas/source says: the plan of the documents, types, elements and groups, in the order written."""
+
     def __init__(self):
         self.plan = read_toml("schemas.toml")
         self.types = read_toml(self.plan["types"]["source"])
         self.elements = {}
         self.groups = {}
-        for path in self.plan["dictionary"]["sources"]:
-            for section, rows in read_toml(path).items():
-                for name, row in rows.items():
-                    add_once(self.elements, name, Element(name, *row, section), "element")
-        for scheme, plan in self.plan["schemes"].items():
-            for section, path in plan["sources"].items():
-                for name, table in read_toml(path).items():
-                    add_once(self.groups, name, self.read_group(name, scheme, section, table), "group")
+        self.read_elements()
+        self.read_groups()
         self.check()
 
-    @staticmethod
-    def read_group(name, scheme, section, table):
-        properties = [read_property(row) for row in table.get("properties", [])]
-        return Group(name=name, scheme=scheme, section=section, key=table["key"], title=table["name"],
-                     description=table["description"], base=table.get("base", ""),
-                     abstract=table.get("abstract", False), properties=properties)
+    def read_elements(self):
+        for path in self.plan["dictionary"]["sources"]:
+            for section, rows in read_toml(path).items():
+                for name, element in read_all(path, rows, read_element, section, what="element"):
+                    add_once(self.elements, name, element, "element")
+
+    def read_groups(self):
+        for scheme, plan in self.plan["schemes"].items():
+            for section, path in plan["sources"].items():
+                for name, group in read_all(path, read_toml(path), read_group, scheme, section, what="group"):
+                    if group.base and group.base not in self.groups:  # no cycles, and no base in a later document
+                        raise SourceError(f"{path}: {name}: no group {group.base} before it to be its base")
+                    add_once(self.groups, name, group, "group")
 
     def check(self):
         labels, keys, tags, used = {}, {}, {}, set()
@@ -107,8 +130,6 @@ class Source:
         for group in self.groups.values():
             self.check_label(group.key, group.name)
             add_once(keys, group.key, group.name, "key")
-            if group.base and group.base not in self.groups:
-                raise SourceError(f"{group.name}: no base group {group.base}")
             for prop in group.properties:
                 self.check_property(group, prop, tags)
                 used.add(prop.element)

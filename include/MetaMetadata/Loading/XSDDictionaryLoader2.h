@@ -16,17 +16,19 @@ class XSDDictionaryLoader2Impl;
 /// Fills a dictionary from XML Schema documents whose declarations are annotated after SMPTE ST 434.
 ///
 /// A host creates a loader, may tell it by loadMultiplex() which of the two annotation flavours its schemas use, sets
-/// options, and then loads any number of dictionary schemas (element declarations) and scheme schemas (group declarations)
-/// into one or more dictionaries. Elements come first: a scheme's groups refer to elements that the dictionary must hold.
+/// options, and then loads any number of dictionary schemas (element declarations) and scheme schemas (group
+/// declarations) into one or more dictionaries. Elements come first: a scheme's groups refer to elements that the
+/// dictionary must hold.
 ///
-/// Texts are wide strings of UTF-16 code units (Utils/TextConversion.h). Paths may be written with slashes or backslashes
-/// where imports are resolved against them; the file itself is opened by the path as given, in UTF-8. No file but the one
-/// given and the ones that it imports by location is ever opened, and nothing is ever fetched from a network.
+/// Texts are wide strings of UTF-16 code units (Utils/TextConversion.h). Paths may be written with slashes or
+/// backslashes where imports are resolved against them; the file itself is opened by the path as given, in UTF-8. No
+/// file but the one given and the ones that it imports by location is ever opened, and nothing is ever fetched from a
+/// network.
 ///
 /// Every failure is an exception. After any failure the loader stays usable and keeps its flavour and options.
 ///
-/// Threads: one loader, and the dictionary it fills, are used by one thread at a time. Loaders share nothing that changes
-/// after start-up, so different threads may use different loaders at the same time.
+/// Threads: one loader, and the dictionary it fills, are used by one thread at a time. Loaders share nothing that
+/// changes after start-up, so different threads may use different loaders at the same time.
 class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
  public:
   /// A loader of the URN flavour, all options off.
@@ -34,8 +36,8 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   /// Frees all documents that the loader has parsed. Dictionaries filled by it are not affected.
   ~XSDDictionaryLoader2();
   XSDDictionaryLoader2(const XSDDictionaryLoader2&) = delete;
-  /// Copies flavour, installed queries, options and recorded namespace prefixes from the other loader; each loader keeps
-  /// its own parsers and documents. Assigning a loader to itself changes nothing.
+  /// Copies flavour, installed queries, options and recorded namespace prefixes from the other loader; each loader
+  /// keeps its own parsers and documents. Assigning a loader to itself changes nothing.
   XSDDictionaryLoader2& operator=(const XSDDictionaryLoader2& other);
 
   static void* operator new(std::size_t size);
@@ -48,8 +50,8 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   static void operator delete[](void* block, void* where) noexcept;
 
   /// Reads the target namespace of a multiplex schema, which tells the flavour of the annotations: "urn:SMPTE:S377M"
-  /// selects the URN flavour, "http://www.smpte-ra.org/schemas/434/2006/multiplex/S377M/2004" the registry flavour. May be
-  /// called again until the first loadDictionary() or loadScheme(); the last successful call decides.
+  /// selects the URN flavour, "http://www.smpte-ra.org/schemas/434/2006/multiplex/S377M/2004" the registry flavour. May
+  /// be called again until the first loadDictionary() or loadScheme(); the last successful call decides.
   ///
   /// @param path  every backslash in it is read as a slash.
   /// @throws Exceptions::OperationNotAllowed  loadDictionary() or loadScheme() has been called: "loadMultiplex must be
@@ -59,40 +61,46 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   /// @throws Exceptions::InvalidValue  any other namespace, or none: "Unknown targetNamespace in multiplex file.".
   void loadMultiplex(const Templates::WideString& path);
 
-  /// Reads the element declarations of a dictionary schema: every top-level declaration with an element-label annotation.
-  /// They are added in label order, and none of them unless all of them could be read.
+  /// Reads the element declarations of a dictionary schema: every top-level declaration with an element-label
+  /// annotation. They are added in label order, and none of them unless all of them could be read.
   ///
   /// @param path        the schema document; its imports are not followed.
   /// @param dictionary  takes the elements. An exception that it throws itself leaves the elements before in it.
   /// @throws Exceptions::IOError     no such file, or a directory: the path as given, then " file Not Found!".
   /// @throws Exceptions::ParseError  not well-formed ("PATH:LINE:COLUMN: " and the parser's text), or the XML libraries
   ///         fail on it (the library's class and text), as they do on a schema that does not bind the prefix xs.
-  /// @throws Exceptions::InvalidMetaElementDeclaration  a declaration has no label text, no registry name, a collection no
+  /// @throws Exceptions::InvalidMetaElementDeclaration  a declaration has no label text, no registry name, a collection
+  /// no
   ///         item type or item name, or no prefix is known for the target namespace.
-  /// @throws Exceptions::InvalidULDesignator          a label is not 47 characters of 16 hexadecimal bytes joined by dots.
+  /// @throws Exceptions::InvalidULDesignator          a label is not 47 characters of 16 hexadecimal bytes joined by
+  /// dots.
   /// @throws Exceptions::MetaElementAlreadyLoaded     two declarations, or one and the dictionary, share a label.
   /// @throws Exceptions::TypeNotSupportedException    a declaration has no known data type.
   /// @throws Exceptions::SchemeDataMissingException   the schema has no target namespace.
   void loadDictionary(const Templates::WideString& path, Dictionary& dictionary);
 
-  /// Reads the group declarations of a scheme schema: every top-level element with a group-key annotation. First the set
-  /// references of the dictionary's elements that wait for this schema's groups are resolved; then the sets are built,
-  /// each with the attributes of its base types before its own, and added in key order, and after them the local tags. No
-  /// set is added unless all of them could be built; references that were resolved stay resolved.
+  /// Reads the group declarations of a scheme schema: every top-level element with a group-key annotation. First the
+  /// set references of the dictionary's elements that wait for this schema's groups are resolved; then the sets are
+  /// built, each with the attributes of its base types before its own, and added in key order, and after them the local
+  /// tags. No set is added unless all of them could be built; references that were resolved stay resolved.
   ///
-  /// @param path        the schema document. Schemas that it imports are read when a base type has to be looked for there;
+  /// @param path        the schema document. Schemas that it imports are read when a base type has to be looked for
+  /// there;
   ///                    their locations are relative to the directory of this path.
   /// @param dictionary  holds the elements that the groups refer to, and takes the sets and local tags.
-  /// @throws Exceptions::IOError     no such file, or a directory; also of an import: the path, then " file Not Found!".
+  /// @throws Exceptions::IOError     no such file, or a directory; also of an import: the path, then " file Not
+  /// Found!".
   /// @throws Exceptions::ParseError  the document itself is not well-formed. Any other failure of the XML libraries
   ///         reaches the caller as their own exception, such as SAXParseException for an import.
   /// @throws Exceptions::SchemeDataMissingException  no target namespace; a group without key; an attribute without
   ///         required status; a type or base type that is declared nowhere, or that is its own base.
   /// @throws Exceptions::InvalidULDesignator            a key is not 47 characters of 16 hexadecimal bytes.
   /// @throws Exceptions::MetaMetadataSetAlreadyLoaded   two groups, or one and the dictionary, share a key.
-  /// @throws Exceptions::InvalidMetaElementDeclaration  a group has no registry name, or no prefix is known for the target
+  /// @throws Exceptions::InvalidMetaElementDeclaration  a group has no registry name, or no prefix is known for the
+  /// target
   ///         namespace.
-  /// @throws Exceptions::NotFound      an attribute refers to an element that the dictionary does not hold, or an element
+  /// @throws Exceptions::NotFound      an attribute refers to an element that the dictionary does not hold, or an
+  /// element
   ///         of the dictionary has no XML name.
   /// @throws Exceptions::InvalidValue  a required status, local tag or distinguished value that cannot be read.
   void loadScheme(const Templates::WideString& path, Dictionary& dictionary);
@@ -100,8 +108,8 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   /// The multiplex namespace of the current flavour, one of the two that loadMultiplex() accepts.
   Templates::WideString getTargetNamespace() const;
 
-  /// Whether groups declared abstract become sets. While off, as it is at first, they are passed over and need no key, and
-  /// a base group that is abstract or missing is no error.
+  /// Whether groups declared abstract become sets. While off, as it is at first, they are passed over and need no key,
+  /// and a base group that is abstract or missing is no error.
   void loadAbstractGroups(bool load);
   /// Whether elements and sets get their documentation as the property "Documentation". Off at first.
   void loadMetaElementDocumentation(bool load);

@@ -1,0 +1,94 @@
+// A property declaration becomes an attribute: first all annotations are read, in the order in which their faults are
+// to be reported, then the attribute is made and given its properties.
+
+#include "AttributeConstruction.h"
+
+#include "DocumentAccess.h"
+#include "Names.h"
+#include "SourceNames.h"
+#include "ValueParsing.h"
+
+#include <Exceptions/Exceptions.h>
+#include <MetaMetadata/PropertyKeys.h>
+#include <MetaMetadata/Visitors/GetMetaElementVisitor.h>
+
+#include <string>
+#include <utility>
+
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+using Templates::auto_ptr;
+using Templates::WideString;
+using Types::LocalTag;
+using Types::Identifiers::Identifier;
+using Status = AttributeRequiredStatus::Status;
+
+namespace {
+
+constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
+
+Status readRequiredStatus(const XSDLoaderImplData& data, xercesc::DOMElement& declaration) {
+  const auto text = firstText(declaration, data.queries.requiredStatus->utf16(), data.nsResolver);
+  if (!text) {
+    throw Exceptions::SchemeDataMissingException(L"MetaMetadataSet without RequiredStatus.", SourceNames::loaderImpl,
+                                                 __LINE__);
+  }
+  return AttributeRequiredStatus::instance().fromString(text->c_str());
+}
+
+auto_ptr<LocalTag> readLocalTag(const XSDLoaderImplData& data, xercesc::DOMElement& declaration) {
+  const auto text = firstText(declaration, data.queries.localTag->utf16(), data.nsResolver);
+  return text ? auto_ptr<LocalTag>(new LocalTag(text->c_str(), textForm)) : nullptr;
+}
+
+WideString textOrEmpty(const XSDLoaderImplData& data, xercesc::DOMElement& declaration,
+                       const XMLUtils::UnicodeString& query) {
+  return firstText(declaration, query.utf16(), data.nsResolver).value_or(WideString());
+}
+
+const MetaElement& referencedElement(const xercesc::DOMElement& declaration, const WideString& reference,
+                                     const ElementsByXmlName& elementsByXmlName) {
+  const WideString uri = namespaceForPrefix(*declaration.getOwnerDocument(), qnamePrefix(reference));
+  const auto element = elementsByXmlName.find(uri + L":" + qnameLocalPart(reference));
+  if (element == elementsByXmlName.end()) {
+    throw Exceptions::NotFound((L"The " + reference + L" not MetaElement not found in Dictionary.").c_str(),
+                               SourceNames::loaderImpl, __LINE__);
+  }
+  return *element->second;
+}
+
+auto_ptr<Types::BaseType> readDistinguishedValue(const MetaElement& element, const WideString& text) {
+  if (text.empty()) return nullptr;
+  Visitors::GetMetaElementVisitor<MetaCollectionElement> collection;
+  element.accept(collection);
+  const Identifier subType = collection.get() != nullptr ? collection.get()->dataSubType() : Identifier::Unknown;
+  return stringToValue(element.dataType(), subType, text);
+}
+
+}  // namespace
+
+auto_ptr<MetaAttribute> buildAttribute(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, int index,
+                                       const ElementsByXmlName& elementsByXmlName, PendingLocalTags& pendingLocalTags) {
+  const WideString reference = attributeOf(declaration, u"ref");
+  const Status status = readRequiredStatus(data, declaration);
+  const WideString valueText = textOrEmpty(data, declaration, *data.queries.distinguishedValue);
+  auto_ptr<LocalTag> tag = readLocalTag(data, declaration);
+  const MetaElement& element = referencedElement(declaration, reference, elementsByXmlName);
+
+  auto_ptr<MetaAttribute> attribute(
+      new MetaAttribute(element, status, readDistinguishedValue(element, valueText), tag.get()));
+  attribute->addProperty(PropertyKeys::schemaIndex, std::to_wstring(index).c_str());
+  if (tag) {
+    attribute->addProperty(PropertyKeys::localTag, tag->toString(textForm).c_str());
+    pendingLocalTags.emplace_back(std::move(tag), element.universalLabel());
+  }
+  attribute->addProperty(PropertyKeys::requiresSemanticsValidation,
+                         textOrEmpty(data, declaration, *data.queries.semanticsValidation).c_str());
+  attribute->addProperty(PropertyKeys::xmlNamespaceURI, targetNamespaceOf(*declaration.getOwnerDocument()).c_str());
+  attribute->addProperty(PropertyKeys::requiredStatus, AttributeRequiredStatus::instance().toString(status));
+  attribute->addProperty(PropertyKeys::universalLabel,
+                         attribute->metaElement().universalLabel().toString(textForm).c_str());
+  return attribute;
+}
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading

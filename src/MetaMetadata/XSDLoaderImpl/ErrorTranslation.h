@@ -1,0 +1,48 @@
+#pragma once
+
+#include "SourceNames.h"
+
+#include <Exceptions/Exceptions.h>
+#include <XMLUtils/TextConversion.h>
+#include <XMLUtils/Utils.h>
+
+/// The boundaries at which exceptions of Xerces-C and XQilla become the library's own.
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+/// Runs what reads a document. A SAX exception becomes a ParseError with the same text; all else passes.
+template <class Operation>
+auto translatingSaxErrors(const char* sourceFile, Operation operation) {
+  try {
+    return operation();
+  } catch (const xercesc::SAXException& e) {
+    throw Exceptions::ParseError(XMLUtils::toWstring(e.getMessage()).c_str(), sourceFile, __LINE__);
+  }
+}
+
+/// Runs a pass. Every exception of the XML libraries becomes a ParseError that describes it, so does everything
+/// unknown; the library's own pass. The order matters: XQillaException is a DOMException, UTFDataFormatException an
+/// XMLException.
+template <class Operation>
+void translatingXmlErrors(Operation operation) {
+  try {
+    operation();
+  } catch (const XQillaException& e) {
+    XMLUtils::throwParseError(e);
+  } catch (const XQException& e) {
+    XMLUtils::throwParseError(e);
+  } catch (const xercesc::DOMException& e) {
+    XMLUtils::throwParseError(e);
+  } catch (const xercesc::UTFDataFormatException& e) {
+    XMLUtils::throwParseError(e);
+  } catch (const xercesc::SAXException& e) {
+    XMLUtils::throwParseError(e);
+  } catch (const xercesc::XMLException& e) {
+    XMLUtils::throwParseError(e);
+  } catch (const Exceptions::BaseException&) {
+    throw;
+  } catch (...) {
+    throw Exceptions::ParseError(L"Unknown error in Xerces or XQilla", SourceNames::loaderImpl, __LINE__);
+  }
+}
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading

@@ -1,0 +1,27 @@
+#include "GroupKeys.h"
+
+#include "DocumentAccess.h"
+#include "LabelDesignator.h"
+#include "SourceNames.h"
+#include "XPathEvaluation.h"
+
+#include <Exceptions/Exceptions.h>
+
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+bool isAbstractGroup(const xercesc::DOMElement& group) {
+  return attributeOf(group, u"abstract") == L"true";
+}
+
+Templates::auto_ptr<KLV::Key> readGroupKey(const XSDLoaderImplData& data, xercesc::DOMElement& group) {
+  if (!data.withAbstractGroups && isAbstractGroup(group)) return nullptr;
+  const auto text = firstText(group, data.queries.groupKey->utf16(), data.nsResolver);
+  if (!text) {
+    throw Exceptions::SchemeDataMissingException(L"MetaMetadataSet without Key declaration.", SourceNames::loaderImpl,
+                                                 __LINE__);
+  }
+  checkULDesignator(*text);
+  return Templates::auto_ptr<KLV::Key>(new KLV::Key(text->c_str(), Types::StringRepresentationEncodingType::DottedHex));
+}
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading

@@ -1,0 +1,72 @@
+#include "SchemaImports.h"
+
+#include "DocumentAccess.h"
+#include "Names.h"
+#include "XPathEvaluation.h"
+
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+using Templates::WideString;
+using xercesc::DOMDocument;
+using xercesc::DOMElement;
+
+namespace {
+
+DOMDocument* findAmongLoadedImports(const XSDLoaderImplData& data, const WideString& typeName,
+                                    const WideString& namespaceUri) {
+  // All candidates first: an import without target namespace fails the look-up even if an earlier one has the type.
+  Templates::vector<DOMDocument*> candidates;
+  for (const ImportedDocument& imported : data.importedDocuments) {
+    if (targetNamespaceOf(*imported.document) == namespaceUri) candidates.push_back(imported.document);
+  }
+  for (DOMDocument* candidate : candidates) {
+    if (findComplexType(data, *candidate, typeName) != nullptr) return candidate;
+  }
+  return nullptr;
+}
+
+/// Loads the import, or takes up the one that was loaded from the same path: its bindings become those of all later
+/// queries again, as loading would make them, and its prefixes are recorded since it was first loaded.
+DOMDocument* loadImport(XSDLoaderImplData& data, const WideString& path) {
+  if (const ImportedDocument* imported = data.importedDocuments.find(path)) {
+    data.nsResolver = imported->nsResolver;
+    return imported->document;
+  }
+  DOMDocument* document = loadDocument(data, path);
+  data.importedDocuments.add({path, document, data.nsResolver});
+  return document;
+}
+
+DOMDocument* findAmongImportsOf(XSDLoaderImplData& data, DOMDocument& from, const WideString& typeName,
+                                const WideString& namespaceUri) {
+  const WideString query = L"/xs:schema/xs:import[@namespace=" + queryLiteral(namespaceUri) + L"]/@schemaLocation";
+  const auto values = selectAttributeValues(from, query, data.nsResolver);
+  const Templates::set<WideString> locations(values.begin(), values.end());
+  for (const WideString& location : locations) {
+    DOMDocument* imported = loadImport(data, importedSchemaPath(data, location));
+    if (findComplexType(data, *imported, typeName) != nullptr) return imported;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+DOMElement* findComplexType(const XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
+  const WideString query = L"/xs:schema/xs:complexType[@name=" + queryLiteral(qnameLocalPart(typeName)) + L"]";
+  return dynamic_cast<DOMElement*>(firstNode(document, query, data.nsResolver));
+}
+
+DOMDocument* findTypeDocument(XSDLoaderImplData& data, const WideString& typeName, DOMDocument& from) {
+  if (findComplexType(data, from, typeName) != nullptr) return &from;
+  const WideString namespaceUri = namespaceForPrefix(from, qnamePrefix(typeName));
+  if (DOMDocument* loaded = findAmongLoadedImports(data, typeName, namespaceUri)) return loaded;
+  return findAmongImportsOf(data, from, typeName, namespaceUri);
+}
+
+WideString importedSchemaPath(const XSDLoaderImplData& data, const WideString& location) {
+  const std::size_t slash = data.documentPath.rfind(L'/');
+  const WideString directory = slash == WideString::npos ? L"." : data.documentPath.substr(0, slash);
+  return directory + L"/" + location;
+}
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading

@@ -1,0 +1,59 @@
+#include "SetConstruction.h"
+
+#include "AttributeConstruction.h"
+#include "DocumentAccess.h"
+#include "GroupKeys.h"
+#include "SourceNames.h"
+#include "TypeResolution.h"
+#include "XmlProperties.h"
+
+#include <Exceptions/Exceptions.h>
+#include <MetaMetadata/PropertyKeys.h>
+
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+using Templates::auto_ptr;
+using Templates::WideString;
+
+namespace {
+
+void applySetProperties(const XSDLoaderImplData& data, xercesc::DOMElement& group, MetaMetadataSet& set,
+                        const WideString& baseGroupKey) {
+  addRegistryName(data, group, data.queries.groupName, set);
+  set.addProperty(PropertyKeys::baseGroupLabel, baseGroupKey.c_str());
+  // While abstract groups are not loaded, none of them reaches this point.
+  const bool isAbstract = data.withAbstractGroups && isAbstractGroup(group);
+  set.addProperty(PropertyKeys::isAbstract, isAbstract ? L"true" : L"false");
+  addDocumentation(data, group, set);
+  addXmlName(data, group, set);
+}
+
+auto_ptr<MetaMetadataSet> buildSet(XSDLoaderImplData& data, xercesc::DOMElement& group, const KLV::Key& key,
+                                   SchemeState& state) {
+  auto_ptr<MetaMetadataSet> set(new MetaMetadataSet(key));
+  const TypeProperties type = collectPropertyDeclarations(data, *group.getOwnerDocument(), attributeOf(group, u"type"));
+  int index = 0;
+  for (xercesc::DOMElement* declaration : type.declarations) {
+    set->addMetaAttribute(MetaMetadataSet::Attribute(
+        buildAttribute(data, *declaration, index++, state.elementsByXmlName, state.pendingLocalTags)));
+  }
+  applySetProperties(data, group, *set, type.baseGroupKey);
+  return set;
+}
+
+}  // namespace
+
+void buildGroupSets(XSDLoaderImplData& data, SchemeState& state) {
+  for (xercesc::DOMElement* group : state.groupElements) {
+    const auto_ptr<KLV::Key> key = readGroupKey(data, *group);
+    if (!key) continue;
+    const Types::UniversalLabel label(*key);
+    if (state.loadedSets.count(label) != 0) {
+      const WideString message = key->toString(Types::StringRepresentationEncodingType::DottedHex);
+      throw Exceptions::MetaMetadataSetAlreadyLoaded(message.c_str(), SourceNames::loaderImpl, __LINE__);
+    }
+    state.loadedSets.emplace(label, buildSet(data, *group, *key, state));
+  }
+}
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading

@@ -1,0 +1,49 @@
+#include "SetReferenceResolution.h"
+
+#include "PendingSetReferences.h"
+
+#include <Exceptions/Exceptions.h>
+#include <MetaMetadata/PropertyKeys.h>
+
+namespace MXF::Tessel::MetaMetadata::Loading::XSDLoaderUtils {
+
+using Templates::WideString;
+
+namespace {
+
+WideString pendingText(const PropertyMap& properties) {
+  try {
+    return properties.getProperty(PropertyKeys::unresolvedSetReferences);
+  } catch (const Exceptions::NotFound&) {
+    return {};
+  }
+}
+
+}  // namespace
+
+DictionaryMetaElementVisitor::DictionaryMetaElementVisitor(const GroupKeys* groupKeysByName,
+                                                           const WideString& namespaceUri)
+    : groupKeysByName_(groupKeysByName), namespaceUri_(namespaceUri) {}
+
+void DictionaryMetaElementVisitor::visit(MetaReferenceCollection& element) {
+  resolve(element, element);
+}
+void DictionaryMetaElementVisitor::visit(MetaReferenceElement& element) {
+  resolve(element, element);
+}
+
+void DictionaryMetaElementVisitor::resolve(PropertyMap& properties, MetaReferenceHolder& holder) const {
+  PendingSetReferences references = parsePendingReferences(pendingText(properties));
+  for (auto reference = references.begin(); reference != references.end();) {
+    const auto group = groupKeysByName_->find(reference->first);
+    if (group != groupKeysByName_->end() && reference->second == namespaceUri_) {
+      holder.addAllowedMetadataSet(*group->second);
+      reference = references.erase(reference);
+    } else {
+      ++reference;
+    }
+  }
+  properties.addProperty(PropertyKeys::unresolvedSetReferences, formatPendingReferences(references).c_str());
+}
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading::XSDLoaderUtils

@@ -1,0 +1,102 @@
+#include "TypeResolution.h"
+
+#include "GroupKeys.h"
+#include "Names.h"
+#include "SchemaImports.h"
+#include "SourceNames.h"
+
+#include <Exceptions/Exceptions.h>
+
+#include <utility>
+
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+using Exceptions::SchemeDataMissingException;
+using Templates::WideString;
+using xercesc::DOMDocument;
+using xercesc::DOMElement;
+
+namespace {
+
+/// One type of a chain, and where its base type is declared.
+struct ChainLink {
+  WideString typeName;
+  DOMElement* complexType;
+  WideString baseName;  // empty for the root
+  DOMDocument* baseDocument = nullptr;
+};
+using Chain = Templates::vector<ChainLink>;
+
+DOMElement& requireComplexType(const XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
+  DOMElement* complexType = findComplexType(data, document, typeName);
+  if (complexType == nullptr) {
+    throw SchemeDataMissingException((L"The " + typeName + L" declaration was not found").c_str(),
+                                     SourceNames::loaderImpl, __LINE__);
+  }
+  return *complexType;
+}
+
+DOMDocument& requireBaseDocument(XSDLoaderImplData& data, const ChainLink& link) {
+  DOMDocument* document = findTypeDocument(data, link.baseName, *link.complexType->getOwnerDocument());
+  if (document == nullptr) {
+    const WideString message = L"Type " + link.baseName + L", base type for " + link.typeName + L", was not found";
+    throw SchemeDataMissingException(message.c_str(), SourceNames::loaderImpl, __LINE__);
+  }
+  return *document;
+}
+
+/// The types from the given one up to the root. A loop, not a recursion: a schema decides how long the chain is.
+Chain walkToRoot(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
+  Chain chain;
+  Templates::set<const DOMElement*> met;
+  WideString name = typeName;
+  DOMDocument* declaringDocument = &document;
+  while (true) {
+    ChainLink link{name, &requireComplexType(data, *declaringDocument, name), {}};
+    if (!met.insert(link.complexType).second) {
+      throw SchemeDataMissingException((L"Type " + name + L" is its own base type").c_str(), SourceNames::loaderImpl,
+                                       __LINE__);
+    }
+    link.baseName = evaluateString(*link.complexType, L"./*/*/@base", data.nsResolver);
+    if (!link.baseName.empty()) link.baseDocument = &requireBaseDocument(data, link);
+    chain.push_back(link);
+    if (link.baseName.empty()) return chain;
+    name = link.baseName;
+    declaringDocument = link.baseDocument;
+  }
+}
+
+/// Key of the group declared with the base type, whose name must be spelled there as it is here.
+WideString baseGroupKeyText(const XSDLoaderImplData& data, const ChainLink& link) {
+  const WideString query = L"/xs:schema/xs:element[@type=" + queryLiteral(link.baseName) + L"]";
+  auto* group = dynamic_cast<DOMElement*>(firstNode(*link.baseDocument, query, data.nsResolver));
+  if (group != nullptr) {
+    if (const auto key = readGroupKey(data, *group)) {
+      return key->toString(Types::StringRepresentationEncodingType::DottedHex);
+    }
+  }
+  if (!data.withAbstractGroups) return {};
+  const WideString message =
+      L"Definition of type " + link.baseName + L", base type for " + link.typeName + L", was not found";
+  throw SchemeDataMissingException(message.c_str(), SourceNames::loaderImpl, __LINE__);
+}
+
+void appendOwnPropertyDeclarations(const XSDLoaderImplData& data, DOMElement& complexType, Elements& declarations) {
+  selectElements(complexType, data.queries.groupElementProperties->utf16(), data.nsResolver, declarations);
+  selectElements(complexType, data.queries.groupAttributeProperties->utf16(), data.nsResolver, declarations);
+}
+
+}  // namespace
+
+TypeProperties collectPropertyDeclarations(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
+  const Chain chain = walkToRoot(data, document, typeName);
+  TypeProperties properties;
+  // Every link's base group is looked up, though only the last one counts: a fault in any of them is reported.
+  for (auto link = chain.rbegin(); link != chain.rend(); ++link) {
+    if (!link->baseName.empty()) properties.baseGroupKey = baseGroupKeyText(data, *link);
+    appendOwnPropertyDeclarations(data, *link->complexType, properties.declarations);
+  }
+  return properties;
+}
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading

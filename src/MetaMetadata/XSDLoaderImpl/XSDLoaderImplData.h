@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ImportedDocuments.h"
+#include "QuerySet.h"
+
+#include <Templates/Containers.h>
+#include <XMLUtils/Released.h>
+
+#include <xercesc/dom/DOMLSParser.hpp>
+#include <xercesc/dom/DOMXPathNSResolver.hpp>
+
+#include <cstddef>
+
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+/// A parser whose documents evaluate XPath 2. It owns every document it parses until it is released.
+XMLUtils::Released<xercesc::DOMLSParser> createParser();
+
+/// The state of a loader that both passes work on.
+struct XSDLoaderImplData {
+  XSDLoaderImplData();
+
+  static void* operator new(std::size_t size);
+  static void operator delete(void* block, std::size_t size) noexcept;
+
+  bool withDocumentation = false;
+  bool withLengthDescription = false;
+  bool withAbstractGroups = false;
+  /// Path of the document being loaded, with slashes only.
+  Templates::WideString documentPath;
+  /// Namespace URI to prefix, from the root elements of all documents loaded so far. The first prefix of a URI stays.
+  Templates::map<Templates::WideString, Templates::WideString> prefixByNamespace;
+  ImportedDocuments importedDocuments;
+  /// Resolver of the most recently loaded document, whichever document a query runs on. Lives with its document.
+  xercesc::DOMXPathNSResolver* nsResolver = nullptr;
+  XMLUtils::Released<xercesc::DOMLSParser> parser;
+  QuerySet queries;
+};
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <XMLUtils/Export.h>
+
+#include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMLSParser.hpp>
+
+namespace MXF::Tessel::XMLUtils {
+
+/// Parses a file.
+///
+/// Namespaces are on; validation and schema processing are off. An internal DTD subset is read and its entities are
+/// expanded inline as text, within a limit. External DTDs and entities are not loaded, and nothing is fetched from a
+/// network. Comments and CDATA sections are kept as nodes.
+///
+/// @param path    any path of the file system, in UTF-16 code units; the file is opened by its UTF-8 form.
+/// @param parser  a parser of Initializer::domImplementation(); its settings are made here. It owns the document.
+/// @return the document, or null when the file cannot be opened or is a directory.
+/// @throws xercesc::SAXParseException  the content is not well-formed, or exceeds the limit: "PATH:LINE:COLUMN: " and
+/// the
+///         parser's text, with line and column also in the exception.
+/// @throws Exceptions::IOError  the file can be opened but not be read: the path, then ": " and the system's reason.
+TESSELMXF_XMLUTILS_API xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSParser& parser);
+
+}  // namespace MXF::Tessel::XMLUtils

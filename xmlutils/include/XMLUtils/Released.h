@@ -1,0 +1,18 @@
+#pragma once
+
+#include <memory>
+
+namespace MXF::Tessel::XMLUtils {
+
+struct Release {
+  template <class T>
+  void operator()(T* object) const {
+    object->release();
+  }
+};
+
+/// Scope guard of a DOM object that is given back with its release(): a parser, an expression, a result.
+template <class T>
+using Released = std::unique_ptr<T, Release>;
+
+}  // namespace MXF::Tessel::XMLUtils
