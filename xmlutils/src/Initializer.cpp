@@ -1,16 +1,10 @@
+#include "xpath/XPathImplementation.h"
+
 #include <XMLUtils/Initializer.h>
 
-#include <xercesc/dom/DOMImplementationRegistry.hpp>
 #include <xqilla/utils/XQillaPlatformUtils.hpp>
 
 namespace MXF::Tessel::XMLUtils {
-
-namespace {
-
-/// The feature string under which XQilla registers its DOM implementation.
-constexpr XMLCh xpath2Features[] = u"XPath2 3.0";
-
-}  // namespace
 
 Initializer& Initializer::instance() {
   static Initializer initializer;
@@ -19,10 +13,11 @@ Initializer& Initializer::instance() {
 
 Initializer::Initializer() {
   XQillaPlatformUtils::initialize();
-  implementation_ = xercesc::DOMImplementationRegistry::getDOMImplementation(xpath2Features);
+  implementation_ = std::make_unique<XPath::XPathImplementation>();
 }
 
 Initializer::~Initializer() {
+  implementation_.reset();
   XQillaPlatformUtils::terminate();
 }
 

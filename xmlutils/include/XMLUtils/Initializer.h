@@ -4,6 +4,8 @@
 
 #include <xercesc/dom/DOMImplementation.hpp>
 
+#include <memory>
+
 namespace MXF::Tessel::XMLUtils {
 
 /// Keeps Xerces-C and XQilla initialised for the process. Beside a host that initialises and terminates Xerces-C itself
@@ -25,7 +27,7 @@ class TESSELMXF_XMLUTILS_API Initializer {
   Initializer();
   ~Initializer();
 
-  xercesc::DOMImplementation* implementation_;
+  std::unique_ptr<xercesc::DOMImplementation> implementation_;
 };
 
 }  // namespace MXF::Tessel::XMLUtils

@@ -1,0 +1,66 @@
+#include "CompiledQuery.h"
+
+#include "ErrorTranslation.h"
+#include "QueryResult.h"
+
+#include <xqilla/simple-api/XQilla.hpp>
+
+#include <utility>
+
+namespace MXF::Tessel::XMLUtils::XPath {
+
+namespace {
+
+std::unique_ptr<XQQuery> parse(const std::u16string& text, DynamicContext& context) {
+  constexpr unsigned int plain = XQilla::NO_ADOPT_CONTEXT;
+  try {
+    // Most queries need none of the modules that XQilla imports by default, which cost ten times the rest.
+    return std::unique_ptr<XQQuery>(XQilla::parse(text.c_str(), &context, nullptr, plain | XQilla::NO_DEFAULT_MODULES));
+  } catch (const XQException&) {
+    return std::unique_ptr<XQQuery>(XQilla::parse(text.c_str(), &context, nullptr, plain));
+  }
+}
+
+}  // namespace
+
+CompiledQuery::CompiledQuery(std::shared_ptr<DynamicContext> staticContext, std::u16string_view text,
+                             const xercesc::DOMXPathNSResolver* resolver)
+    : staticContext_(std::move(staticContext)), text_(text), bindings_(resolver) {
+  staticContext_->setNSResolver(&bindings_);
+  staticContext_->setDefaultElementAndTypeNS(bindings_.lookupNamespaceURI(u""));
+  translatingErrors([this] { query_ = parse(text_, *staticContext_); });
+  bindings_.stopRecording();
+}
+
+CompiledQuery::~CompiledQuery() = default;
+
+bool CompiledQuery::isFor(std::u16string_view text, const xercesc::DOMXPathNSResolver* resolver, std::size_t stamp) {
+  if (text_ != text) return false;
+  if (stamp != 0 && stamp == lastStamp_) return true;
+  if (!bindings_.matches(resolver)) return false;
+  lastStamp_ = stamp;
+  return true;
+}
+
+QueryResult& CompiledQuery::take() {
+  if (idle_.empty()) {
+    idle_.reserve(results_.size() + 1);  // so that giving back cannot fail
+    results_.push_back(std::make_unique<QueryResult>(*this));
+    return *results_.back();
+  }
+  QueryResult& result = *idle_.back();
+  idle_.pop_back();
+  return result;
+}
+
+void CompiledQuery::giveBack(QueryResult& result) noexcept {
+  idle_.push_back(&result);
+}
+
+std::unique_ptr<DynamicContext> CompiledQuery::createContext() const {
+  // The shared context may have compiled other queries since, under other bindings.
+  staticContext_->setNSResolver(&bindings_);
+  return std::unique_ptr<DynamicContext>(query_->createDynamicContext());
+}
+
+}  // namespace MXF::Tessel::XMLUtils::XPath

@@ -1,0 +1,49 @@
+#include "QueryCache.h"
+
+#include <xqilla/simple-api/XQilla.hpp>
+
+#include <functional>
+#include <string_view>
+
+namespace MXF::Tessel::XMLUtils::XPath {
+
+namespace {
+
+// A load uses two dozen texts. More than these only come from texts that are made up as it goes, of which none is worth
+// keeping for ever; when they are dropped, the memory of the context that compiled them goes with them.
+constexpr std::size_t mostQueries = 128;
+
+}  // namespace
+
+std::shared_ptr<DynamicContext> QueryCache::sharedContext() {
+  if (!context_) {
+    const auto configuration = configuration_;
+    context_.reset(XQilla::createContext(XQilla::XPATH2, configuration.get()),
+                   [configuration](DynamicContext* context) { delete context; });
+  }
+  return context_;
+}
+
+std::size_t QueryCache::stampOf(const xercesc::DOMXPathNSResolver* resolver) const {
+  const auto* bindings = dynamic_cast<const NodeBindings*>(resolver);
+  return bindings != nullptr && bindings->isStampedBy(clock_) ? bindings->stamp() : 0;
+}
+
+std::shared_ptr<CompiledQuery> QueryCache::query(const XMLCh* text, const xercesc::DOMXPathNSResolver* resolver) {
+  const std::u16string_view textView(text);
+  const std::size_t hash = std::hash<std::u16string_view>()(textView);
+  const std::size_t stamp = stampOf(resolver);
+  const auto [first, last] = queries_.equal_range(hash);
+  for (auto entry = first; entry != last; ++entry) {
+    if (entry->second->isFor(textView, resolver, stamp)) return entry->second;
+  }
+  if (queries_.size() >= mostQueries) {
+    queries_.clear();
+    context_.reset();
+  }
+  auto query = std::make_shared<CompiledQuery>(sharedContext(), textView, resolver);
+  queries_.emplace(hash, query);
+  return query;
+}
+
+}  // namespace MXF::Tessel::XMLUtils::XPath

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "CompiledQuery.h"
+
+#include <xercesc/dom/DOMXPathNSResolver.hpp>
+#include <xqilla/xerces/XercesConfiguration.hpp>
+
+#include <memory>
+#include <unordered_map>
+
+namespace MXF::Tessel::XMLUtils::XPath {
+
+/// The compiled queries of one parser's documents. Compiling a query costs a hundred times its evaluation, so each text
+/// is compiled once for the bindings that it uses. Used by one thread at a time.
+class QueryCache {
+ public:
+  QueryCache() = default;
+  QueryCache(const QueryCache&) = delete;
+  QueryCache& operator=(const QueryCache&) = delete;
+
+  /// The query for the text under the resolver; null binds no prefix.
+  /// @throws XQillaException  it does not compile.
+  std::shared_ptr<CompiledQuery> query(const XMLCh* text, const xercesc::DOMXPathNSResolver* resolver);
+
+  /// Stamps the resolvers of the documents (NodeBindings).
+  std::size_t& clock() { return clock_; }
+
+ private:
+  std::shared_ptr<DynamicContext> sharedContext();
+  std::size_t stampOf(const xercesc::DOMXPathNSResolver* resolver) const;
+
+  // Outlives the contexts, which refer to it: queries in use keep their context, and it keeps this.
+  std::shared_ptr<XercesConfiguration> configuration_ = std::make_shared<XercesConfiguration>();
+  std::shared_ptr<DynamicContext> context_;
+  std::unordered_multimap<std::size_t, std::shared_ptr<CompiledQuery>> queries_;  // by hash of the text
+  std::size_t clock_ = 0;
+};
+
+}  // namespace MXF::Tessel::XMLUtils::XPath

@@ -1,0 +1,141 @@
+#include "QueryResult.h"
+
+#include "CompiledQuery.h"
+#include "ErrorTranslation.h"
+
+#include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMException.hpp>
+#include <xercesc/dom/impl/DOMDocumentImpl.hpp>
+#include <xqilla/functions/FunctionNumber.hpp>
+#include <xqilla/items/ATBooleanOrDerived.hpp>
+#include <xqilla/items/AnyAtomicType.hpp>
+#include <xqilla/items/Numeric.hpp>
+#include <xqilla/xerces/XercesConfiguration.hpp>
+
+#include <utility>
+
+namespace MXF::Tessel::XMLUtils::XPath {
+
+using xercesc::DOMException;
+using xercesc::DOMNode;
+using xercesc::DOMXPathException;
+
+namespace {
+
+int changesOf(const DOMNode* node) {
+  if (node == nullptr) return 0;
+  const bool isDocument = node->getNodeType() == DOMNode::DOCUMENT_NODE;
+  const auto* document = isDocument ? static_cast<const xercesc::DOMDocument*>(node) : node->getOwnerDocument();
+  return static_cast<const xercesc::DOMDocumentImpl*>(document)->changes();
+}
+
+}  // namespace
+
+QueryResult::QueryResult(CompiledQuery& query) : query_(query), context_(query.createContext()), items_(nullptr) {}
+
+QueryResult::~QueryResult() {
+  clear();
+}
+
+void QueryResult::evaluate(const DOMNode* contextNode, ResultType type, std::shared_ptr<CompiledQuery> keepAlive) {
+  if (type != FIRST_RESULT_TYPE && type != ITERATOR_RESULT_TYPE) {
+    throw XQillaException(DOMException::NOT_SUPPORTED_ERR, u"Results are of type first or iterator.");
+  }
+  type_ = type;
+  contextNode_ = contextNode;
+  changes_ = changesOf(contextNode);
+  try {
+    translatingErrors([&] { start(contextNode); });
+  } catch (...) {
+    clear();
+    throw;
+  }
+  keepAlive_ = std::move(keepAlive);
+}
+
+void QueryResult::start(const DOMNode* contextNode) {
+  if (contextNode != nullptr) {
+    const auto* configuration = static_cast<const XercesConfiguration*>(context_->getConfiguration());
+    context_->setContextItem(configuration->createNode(contextNode, context_.get()));
+  }
+  items_ = query_.query().execute(context_.get());
+  if (type_ == FIRST_RESULT_TYPE) current_ = items_->next(context_.get());
+}
+
+void QueryResult::clear() noexcept {
+  current_ = nullptr;
+  items_ = nullptr;
+  context_->clearDynamicContext();
+}
+
+void QueryResult::release() {
+  const std::shared_ptr<CompiledQuery> keepAlive = std::move(keepAlive_);
+  clear();
+  query_.giveBack(*this);
+}
+
+const Item& QueryResult::currentItem() const {
+  if (current_.isNull()) throw XQillaException(DOMException::INVALID_STATE_ERR, u"There is no current result.");
+  return *current_;
+}
+
+bool QueryResult::isNode() const {
+  return current_.notNull() && current_->isNode();
+}
+
+DOMNode* QueryResult::getNodeValue() const {
+  const Item& item = currentItem();
+  if (!item.isNode()) throw XQillaException(DOMXPathException::TYPE_ERR, u"The current result is not a node.");
+  return static_cast<DOMNode*>(item.getInterface(XercesConfiguration::gXerces));
+}
+
+const XMLCh* QueryResult::getStringValue() const {
+  return translatingErrors([this] { return currentItem().asString(context_.get()); });
+}
+
+double QueryResult::getNumberValue() const {
+  currentItem();
+  return translatingErrors([this] { return FunctionNumber::number(current_, context_.get(), nullptr)->asDouble(); });
+}
+
+int QueryResult::getIntegerValue() const {
+  currentItem();
+  return translatingErrors([this] { return FunctionNumber::number(current_, context_.get(), nullptr)->asInt(); });
+}
+
+bool QueryResult::getBooleanValue() const {
+  if (!currentItem().isAtomicValue()) {
+    throw XQillaException(DOMXPathException::TYPE_ERR, u"The current result is no boolean value.");
+  }
+  return translatingErrors([this] {
+    const auto& value = static_cast<const AnyAtomicType&>(*current_);
+    const AnyAtomicType::Ptr boolean = value.castAs(AnyAtomicType::BOOLEAN, context_.get());
+    return static_cast<const ATBooleanOrDerived&>(*boolean).isTrue();
+  });
+}
+
+bool QueryResult::getInvalidIteratorState() const {
+  return type_ == ITERATOR_RESULT_TYPE && changesOf(contextNode_) != changes_;
+}
+
+bool QueryResult::iterateNext() {
+  if (type_ != ITERATOR_RESULT_TYPE) {
+    throw XQillaException(DOMXPathException::TYPE_ERR, u"Only an iterator result can be iterated over.");
+  }
+  if (getInvalidIteratorState()) {
+    throw XQillaException(DOMException::INVALID_STATE_ERR, u"The document was changed during the iteration.");
+  }
+  translatingErrors([this] { current_ = items_->next(context_.get()); });
+  if (current_.isNull()) items_ = nullptr;
+  return current_.notNull();
+}
+
+bool QueryResult::snapshotItem(XMLSize_t /*index*/) {
+  throw XQillaException(DOMXPathException::TYPE_ERR, u"The result is no snapshot.");
+}
+
+XMLSize_t QueryResult::getSnapshotLength() const {
+  throw XQillaException(DOMXPathException::TYPE_ERR, u"The result is no snapshot.");
+}
+
+}  // namespace MXF::Tessel::XMLUtils::XPath
