@@ -9,26 +9,13 @@
 
 namespace MXF::Tessel::XMLUtils::XPath {
 
-namespace {
-
-std::unique_ptr<XQQuery> parse(const std::u16string& text, DynamicContext& context) {
-  constexpr unsigned int plain = XQilla::NO_ADOPT_CONTEXT;
-  try {
-    // Most queries need none of the modules that XQilla imports by default, which cost ten times the rest.
-    return std::unique_ptr<XQQuery>(XQilla::parse(text.c_str(), &context, nullptr, plain | XQilla::NO_DEFAULT_MODULES));
-  } catch (const XQException&) {
-    return std::unique_ptr<XQQuery>(XQilla::parse(text.c_str(), &context, nullptr, plain));
-  }
-}
-
-}  // namespace
-
 CompiledQuery::CompiledQuery(std::shared_ptr<DynamicContext> staticContext, std::u16string_view text,
-                             const xercesc::DOMXPathNSResolver* resolver)
+                             const xercesc::DOMXPathNSResolver* resolver, Modules modules)
     : staticContext_(std::move(staticContext)), text_(text), bindings_(resolver) {
   staticContext_->setNSResolver(&bindings_);
   staticContext_->setDefaultElementAndTypeNS(bindings_.lookupNamespaceURI(u""));
-  translatingErrors([this] { query_ = parse(text_, *staticContext_); });
+  const unsigned int flags = XQilla::NO_ADOPT_CONTEXT | (modules == Modules::None ? XQilla::NO_DEFAULT_MODULES : 0);
+  translatingErrors([&] { query_.reset(XQilla::parse(text_.c_str(), staticContext_.get(), nullptr, flags)); });
   bindings_.stopRecording();
 }
 

@@ -20,11 +20,14 @@ class QueryResult;
 /// again.
 class CompiledQuery {
  public:
-  /// @param staticContext  shared with other queries; outlives this one through the pointer.
+  /// Whether the query may use functions of the modules that XQilla imports by default.
+  enum class Modules { None, Default };
+
+  /// @param staticContext  may be shared with other queries; outlives this one through the pointer.
   /// @param resolver       asked for the prefixes while compiling; null binds none.
   /// @throws XQillaException  the text is no query, or uses a prefix that the resolver does not bind.
   CompiledQuery(std::shared_ptr<DynamicContext> staticContext, std::u16string_view text,
-                const xercesc::DOMXPathNSResolver* resolver);
+                const xercesc::DOMXPathNSResolver* resolver, Modules modules);
   CompiledQuery(const CompiledQuery&) = delete;
   CompiledQuery& operator=(const CompiledQuery&) = delete;
   ~CompiledQuery();

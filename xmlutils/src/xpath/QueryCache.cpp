@@ -1,5 +1,6 @@
 #include "QueryCache.h"
 
+#include <xqilla/exceptions/XQillaException.hpp>
 #include <xqilla/simple-api/XQilla.hpp>
 
 #include <functional>
@@ -15,13 +16,23 @@ constexpr std::size_t mostQueries = 128;
 
 }  // namespace
 
-std::shared_ptr<DynamicContext> QueryCache::sharedContext() {
-  if (!context_) {
-    const auto configuration = configuration_;
-    context_.reset(XQilla::createContext(XQilla::XPATH2, configuration.get()),
-                   [configuration](DynamicContext* context) { delete context; });
+std::shared_ptr<DynamicContext> QueryCache::newContext() const {
+  const auto configuration = configuration_;
+  return {XQilla::createContext(XQilla::XPATH2, configuration.get()),
+          [configuration](DynamicContext* context) { delete context; }};
+}
+
+std::shared_ptr<CompiledQuery> QueryCache::compile(std::u16string_view text,
+                                                   const xercesc::DOMXPathNSResolver* resolver) {
+  if (!sharedContext_) sharedContext_ = newContext();
+  try {
+    // Nearly all queries do without the default modules, whose import costs ten times the rest, and can share a
+    // context.
+    return std::make_shared<CompiledQuery>(sharedContext_, text, resolver, CompiledQuery::Modules::None);
+  } catch (const XQillaException&) {
+    sharedContext_.reset();  // no query is to see what the failed one may have left in it
+    return std::make_shared<CompiledQuery>(newContext(), text, resolver, CompiledQuery::Modules::Default);
   }
-  return context_;
 }
 
 std::size_t QueryCache::stampOf(const xercesc::DOMXPathNSResolver* resolver) const {
@@ -39,9 +50,9 @@ std::shared_ptr<CompiledQuery> QueryCache::query(const XMLCh* text, const xerces
   }
   if (queries_.size() >= mostQueries) {
     queries_.clear();
-    context_.reset();
+    sharedContext_.reset();
   }
-  auto query = std::make_shared<CompiledQuery>(sharedContext(), textView, resolver);
+  std::shared_ptr<CompiledQuery> query = compile(textView, resolver);
   queries_.emplace(hash, query);
   return query;
 }

@@ -6,6 +6,7 @@
 #include <xqilla/xerces/XercesConfiguration.hpp>
 
 #include <memory>
+#include <string_view>
 #include <unordered_map>
 
 namespace MXF::Tessel::XMLUtils::XPath {
@@ -26,12 +27,13 @@ class QueryCache {
   std::size_t& clock() { return clock_; }
 
  private:
-  std::shared_ptr<DynamicContext> sharedContext();
+  std::shared_ptr<CompiledQuery> compile(std::u16string_view text, const xercesc::DOMXPathNSResolver* resolver);
+  std::shared_ptr<DynamicContext> newContext() const;
   std::size_t stampOf(const xercesc::DOMXPathNSResolver* resolver) const;
 
   // Outlives the contexts, which refer to it: queries in use keep their context, and it keeps this.
   std::shared_ptr<XercesConfiguration> configuration_ = std::make_shared<XercesConfiguration>();
-  std::shared_ptr<DynamicContext> context_;
+  std::shared_ptr<DynamicContext> sharedContext_;
   std::unordered_multimap<std::size_t, std::shared_ptr<CompiledQuery>> queries_;  // by hash of the text
   std::size_t clock_ = 0;
 };
