@@ -29,7 +29,7 @@ void Collection::append(Templates::auto_ptr<SimpleDataType> item) {
 const SimpleDataType& Collection::at(std::size_t position) const {
   if (position >= items_.size()) {
     const Templates::WideString message =
-        L"The collection has no item " + Templates::WideString(std::to_wstring(position).c_str());
+        L"The collection has no item " + Templates::WideString(std::to_wstring(position));
     throw Exceptions::NotFound(message.c_str(), "Collection", __LINE__);
   }
   return *items_[position];

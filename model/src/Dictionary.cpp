@@ -20,11 +20,12 @@ Dictionary::~Dictionary() {
 }
 
 void Dictionary::addMetaElement(const Types::UniversalLabel& label, Templates::auto_ptr<MetaElement> element) {
+  if (!element) throw Exceptions::InvalidValue(L"A dictionary cannot hold an empty element.", "Dictionary", __LINE__);
   const auto [entry, isNew] = elements_.emplace(label, element.get());
   if (!isNew) {
     throw Exceptions::MetaElementAlreadyLoaded(label.toString(textForm).c_str(), "Dictionary", __LINE__);
   }
-  element.release();  // the map's entry is the owner now
+  static_cast<void>(element.release());  // the map's entry is the owner now
 }
 
 const MetaElement* Dictionary::findMetaElement(const Types::UniversalLabel& label) const {

@@ -14,7 +14,7 @@ BaseException::BaseException(const char* message, const char* sourceFile, int li
     : BaseException(Utils::stringToWstring(message), sourceFile, line) {}
 
 BaseException::BaseException(WideString message, const char* sourceFile, int line) : message_(std::move(message)) {
-  what_ = message_ + L" [" + Utils::stringToWstring(sourceFile) + L":" + std::to_wstring(line).c_str() + L"]";
+  what_ = message_ + L" [" + Utils::stringToWstring(sourceFile) + L":" + WideString(std::to_wstring(line)) + L"]";
 }
 
 BaseException::BaseException(const BaseException& other) = default;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <Templates/Containers.h>
-#include <initializer_list>
 
 #include <cstddef>
+#include <initializer_list>
 #include <string_view>
 
 /// Text forms of byte strings: bytes joined by dots, plain digits, and digits in groups. Letters are read in either

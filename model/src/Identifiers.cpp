@@ -83,7 +83,7 @@ const TypeRow* findRow(Identifier identifier) {
 }
 
 WideString withNumber(const wchar_t* text, Identifier identifier) {
-  return text + WideString(std::to_wstring(static_cast<int>(identifier)).c_str());
+  return text + WideString(std::to_wstring(static_cast<int>(identifier)));
 }
 
 class Factory final : public BaseTypeFactory {};
@@ -124,7 +124,7 @@ const DataTypeInfo& BaseTypeFactory::lookupSimpleType(Identifier identifier) con
   const DataTypeInfo* type = findType(identifier);
   if (type == nullptr || isCollectionKind(identifier)) {
     throw Exceptions::TypeNotSupportedException(withNumber(L"Not a simple data type: ", identifier).c_str(),
-                                                "BaseTypeFactory", __LINE__);
+                                                "Identifiers", __LINE__);
   }
   return *type;
 }
@@ -132,7 +132,7 @@ const DataTypeInfo& BaseTypeFactory::lookupSimpleType(Identifier identifier) con
 const DataTypeInfo& BaseTypeFactory::lookupCollectionType(Identifier identifier) const {
   if (!isCollectionKind(identifier)) {
     throw Exceptions::TypeNotSupportedException(withNumber(L"Not a collection data type: ", identifier).c_str(),
-                                                "BaseTypeFactory", __LINE__);
+                                                "Identifiers", __LINE__);
   }
   return *findType(identifier);
 }

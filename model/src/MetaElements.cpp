@@ -18,7 +18,7 @@ const wchar_t* PropertyMap::getProperty(const wchar_t* key) const {
   const auto entry = properties_.find(key);
   if (entry == properties_.end()) {
     const Templates::WideString message = Templates::WideString(L"Property not found: ") + key;
-    throw Exceptions::NotFound(message.c_str(), "PropertyMap", __LINE__);
+    throw Exceptions::NotFound(message.c_str(), "MetaElements", __LINE__);
   }
   return entry->second.c_str();
 }

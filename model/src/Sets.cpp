@@ -6,6 +6,7 @@
 #include <MetaMetadata/MetaMetadataSet.h>
 
 #include <iterator>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -30,11 +31,16 @@ AttributeRequiredStatus::Status AttributeRequiredStatus::fromString(const wchar_
     if (std::wstring_view(text) == statusWords[i]) return static_cast<Status>(i);
   }
   const Templates::WideString message = Templates::WideString(L"Unknown required status: ") + text;
-  throw Exceptions::InvalidValue(message.c_str(), "AttributeRequiredStatus", __LINE__);
+  throw Exceptions::InvalidValue(message.c_str(), "Sets", __LINE__);
 }
 
 const wchar_t* AttributeRequiredStatus::toString(const Status& status) const {
-  return statusWords[static_cast<std::size_t>(status)];
+  const auto number = static_cast<int>(status);
+  if (number < 0 || number >= static_cast<int>(std::size(statusWords))) {
+    const Templates::WideString message = L"Unknown required status: " + Templates::WideString(std::to_wstring(number));
+    throw Exceptions::InvalidValue(message.c_str(), "Sets", __LINE__);
+  }
+  return statusWords[number];
 }
 
 AbstractMetaAttributeVisitor::~AbstractMetaAttributeVisitor() = default;
@@ -53,6 +59,7 @@ void MetaAttribute::accept(AbstractMetaAttributeVisitor& visitor) const {
 
 MetaMetadataSet::~MetaMetadataSet() = default;
 void MetaMetadataSet::addMetaAttribute(Attribute attribute) {
+  if (!attribute) throw Exceptions::InvalidValue(L"A set cannot hold an empty attribute.", "Sets", __LINE__);
   attributes_.push_back(std::move(attribute));
 }
 

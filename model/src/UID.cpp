@@ -45,7 +45,7 @@ UID::~UID() = default;
 
 unsigned char UID::operator[](int position) const {
   if (position < 0 || position >= size()) {
-    const WideString message = L"The identifier has no byte " + WideString(std::to_wstring(position).c_str());
+    const WideString message = L"The identifier has no byte " + WideString(std::to_wstring(position));
     throw Exceptions::NotFound(message.c_str(), "UID", __LINE__);
   }
   return rawBuffer()[position];

@@ -36,9 +36,9 @@ void SimpleDataType::serialize(DataIO::DataSink& sink) const {
 
 unsigned short propertyLength(std::size_t bytes) {
   if (bytes > std::numeric_limits<unsigned short>::max()) {
-    const WideString message = L"A value of " + WideString(std::to_wstring(bytes).c_str()) +
-                               L" bytes does not fit the 65535 bytes of a property.";
-    throw InvalidValue(message.c_str(), "Types", __LINE__);
+    const WideString message =
+        L"A value of " + WideString(std::to_wstring(bytes)) + L" bytes does not fit the 65535 bytes of a property.";
+    throw InvalidValue(message.c_str(), "Values", __LINE__);
   }
   return static_cast<unsigned short>(bytes);
 }
@@ -108,7 +108,7 @@ ISO7String::ISO7String(const char* text) : text_(text) {
   const auto isAbove7Bit = [](char character) { return static_cast<unsigned char>(character) > 0x7F; };
   if (std::any_of(text_.begin(), text_.end(), isAbove7Bit)) {
     const WideString message = L"Not an ISO 7-bit text: " + Utils::stringToWstring(text);
-    throw InvalidValue(message.c_str(), "Types", __LINE__);
+    throw InvalidValue(message.c_str(), "Values", __LINE__);
   }
 }
 ISO7String::~ISO7String() = default;
@@ -127,7 +127,7 @@ Templates::auto_ptr<SimpleDataType> ISO7String::clone() const {
 
 UTF16::UTF16(wchar_t codeUnit) : wire_(static_cast<unsigned short>(codeUnit)) {
   if (static_cast<char32_t>(codeUnit) > 0xFFFF) {
-    throw InvalidValue(L"A character above FFFF is no single UTF-16 code unit.", "Types", __LINE__);
+    throw InvalidValue(L"A character above FFFF is no single UTF-16 code unit.", "Values", __LINE__);
   }
 }
 UTF16::~UTF16() = default;
@@ -186,8 +186,8 @@ namespace {
 
 void checkComponentIndex(unsigned int index) {
   if (index < RGBALayout::componentCount) return;
-  const WideString message = L"RGBALayout has 8 components, no component " + WideString(std::to_wstring(index).c_str());
-  throw InvalidValue(message.c_str(), "Types", __LINE__);
+  const WideString message = L"RGBALayout has 8 components, no component " + WideString(std::to_wstring(index));
+  throw InvalidValue(message.c_str(), "Values", __LINE__);
 }
 
 }  // namespace

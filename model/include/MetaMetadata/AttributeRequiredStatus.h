@@ -16,6 +16,7 @@ class TESSELMXF_MODEL_API AttributeRequiredStatus {
   /// @throws Exceptions::InvalidValue  any other text: "Unknown required status: " and the text.
   virtual Status fromString(const wchar_t* text) const;
   /// The same word; valid for ever.
+  /// @throws Exceptions::InvalidValue  the status is none of the five: "Unknown required status: " and its number.
   virtual const wchar_t* toString(const Status& status) const;
 
   AttributeRequiredStatus(const AttributeRequiredStatus&) = delete;

@@ -30,8 +30,7 @@ class TESSELMXF_MODEL_API MetaMetadataSetRegistry {
   /// @param key  16-byte set key (SMPTE ST 377-1, group keys).
   /// @param set  copied; the caller keeps and deletes its own. The copy shares the attributes.
   /// @throws Exceptions::MetaMetadataSetAlreadyLoaded  the registry holds a set with this key; it is unchanged then.
-  /// The
-  ///         message is the key, 16 upper-case hexadecimal bytes joined by dots.
+  ///         The message is the key, 16 upper-case hexadecimal bytes joined by dots.
   virtual void addMetaMetadataSet(const KLV::Key& key, const MetaMetadataSet& set) = 0;
 };
 
@@ -43,6 +42,7 @@ class TESSELMXF_MODEL_API MetaElementRegistry {
   /// Registers an element under its label and takes it over, also when the call fails (it is deleted then).
   /// @throws Exceptions::MetaElementAlreadyLoaded  the registry holds an element with this label; it is unchanged then.
   ///         The message is the label, 16 upper-case hexadecimal bytes joined by dots.
+  /// @throws Exceptions::InvalidValue  the pointer is empty: "A dictionary cannot hold an empty element."
   virtual void addMetaElement(const Types::UniversalLabel& label, Templates::auto_ptr<MetaElement> element) = 0;
 };
 

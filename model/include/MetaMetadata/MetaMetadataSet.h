@@ -25,6 +25,7 @@ class TESSELMXF_MODEL_API MetaMetadataSet : public PropertyMap {
   const KLV::Key& key() const { return key_; }
 
   /// Adds an attribute at the end; the set shares its ownership.
+  /// @throws Exceptions::InvalidValue  the pointer is empty: "A set cannot hold an empty attribute."
   void addMetaAttribute(Attribute attribute);
   /// The attributes in the order added: those of base groups first, then the set's own.
   const Attributes& metaAttributes() const { return attributes_; }

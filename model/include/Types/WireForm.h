@@ -19,7 +19,8 @@ class BigEndian {
 
   /// Writes the number's sizeof(Number) bytes, the most significant first.
   static void store(unsigned char* bytes, Number number) {
-    auto rest = static_cast<unsigned long long>(number);
+    // Through the unsigned type of the same width: only the low bytes count, and no sign extension is needed.
+    auto rest = static_cast<unsigned long long>(static_cast<std::make_unsigned_t<Number>>(number));
     for (std::size_t i = sizeof(Number); i-- > 0; rest >>= 8U) bytes[i] = static_cast<unsigned char>(rest & 0xFFU);
   }
   static Number load(const unsigned char* bytes) {

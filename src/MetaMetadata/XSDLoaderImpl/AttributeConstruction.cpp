@@ -5,6 +5,7 @@
 
 #include "DocumentAccess.h"
 #include "Names.h"
+#include "PropertyAnnotations.h"
 #include "SourceNames.h"
 #include "ValueParsing.h"
 
@@ -27,23 +28,17 @@ namespace {
 
 constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
-Status readRequiredStatus(const XSDLoaderImplData& data, xercesc::DOMElement& declaration) {
-  const auto text = firstText(declaration, data.queries.requiredStatus->utf16(), data.nsResolver);
-  if (!text) {
+Status requiredStatus(const PropertyAnnotations& annotations) {
+  if (!annotations.requiredStatus) {
     throw Exceptions::SchemeDataMissingException(L"MetaMetadataSet without RequiredStatus.", SourceNames::loaderImpl,
                                                  __LINE__);
   }
-  return AttributeRequiredStatus::instance().fromString(text->c_str());
+  return AttributeRequiredStatus::instance().fromString(annotations.requiredStatus->c_str());
 }
 
-auto_ptr<LocalTag> readLocalTag(const XSDLoaderImplData& data, xercesc::DOMElement& declaration) {
-  const auto text = firstText(declaration, data.queries.localTag->utf16(), data.nsResolver);
-  return text ? auto_ptr<LocalTag>(new LocalTag(text->c_str(), textForm)) : nullptr;
-}
-
-WideString textOrEmpty(const XSDLoaderImplData& data, xercesc::DOMElement& declaration,
-                       const XMLUtils::UnicodeString& query) {
-  return firstText(declaration, query.utf16(), data.nsResolver).value_or(WideString());
+auto_ptr<LocalTag> localTag(const PropertyAnnotations& annotations) {
+  if (!annotations.localTag) return nullptr;
+  return auto_ptr<LocalTag>(new LocalTag(annotations.localTag->c_str(), textForm));
 }
 
 const MetaElement& referencedElement(const xercesc::DOMElement& declaration, const WideString& reference,
@@ -57,7 +52,7 @@ const MetaElement& referencedElement(const xercesc::DOMElement& declaration, con
   return *element->second;
 }
 
-auto_ptr<Types::BaseType> readDistinguishedValue(const MetaElement& element, const WideString& text) {
+auto_ptr<Types::BaseType> distinguishedValue(const MetaElement& element, const WideString& text) {
   if (text.empty()) return nullptr;
   Visitors::GetMetaElementVisitor<MetaCollectionElement> collection;
   element.accept(collection);
@@ -68,22 +63,22 @@ auto_ptr<Types::BaseType> readDistinguishedValue(const MetaElement& element, con
 }  // namespace
 
 auto_ptr<MetaAttribute> buildAttribute(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, int index,
-                                       const ElementsByXmlName& elementsByXmlName, PendingLocalTags& pendingLocalTags) {
+                                       SchemeState& state) {
+  const PropertyAnnotations& annotations =
+      state.annotations.of(declaration, data.nsResolver, [&] { return readPropertyAnnotations(data, declaration); });
   const WideString reference = attributeOf(declaration, u"ref");
-  const Status status = readRequiredStatus(data, declaration);
-  const WideString valueText = textOrEmpty(data, declaration, *data.queries.distinguishedValue);
-  auto_ptr<LocalTag> tag = readLocalTag(data, declaration);
-  const MetaElement& element = referencedElement(declaration, reference, elementsByXmlName);
+  const Status status = requiredStatus(annotations);
+  auto_ptr<LocalTag> tag = localTag(annotations);
+  const MetaElement& element = referencedElement(declaration, reference, state.elementsByXmlName);
 
   auto_ptr<MetaAttribute> attribute(
-      new MetaAttribute(element, status, readDistinguishedValue(element, valueText), tag.get()));
+      new MetaAttribute(element, status, distinguishedValue(element, annotations.distinguishedValue), tag.get()));
   attribute->addProperty(PropertyKeys::schemaIndex, std::to_wstring(index).c_str());
   if (tag) {
     attribute->addProperty(PropertyKeys::localTag, tag->toString(textForm).c_str());
-    pendingLocalTags.emplace_back(std::move(tag), element.universalLabel());
+    state.pendingLocalTags.emplace_back(std::move(tag), element.universalLabel());
   }
-  attribute->addProperty(PropertyKeys::requiresSemanticsValidation,
-                         textOrEmpty(data, declaration, *data.queries.semanticsValidation).c_str());
+  attribute->addProperty(PropertyKeys::requiresSemanticsValidation, annotations.semanticsValidation.c_str());
   attribute->addProperty(PropertyKeys::xmlNamespaceURI, targetNamespaceOf(*declaration.getOwnerDocument()).c_str());
   attribute->addProperty(PropertyKeys::requiredStatus, AttributeRequiredStatus::instance().toString(status));
   attribute->addProperty(PropertyKeys::universalLabel,

@@ -55,7 +55,7 @@ int elementSizeOf(Identifier subType) {
 /// The value as a Value, which the data type it was read with guarantees.
 template <class Value>
 auto_ptr<Value> valueAs(auto_ptr<BaseType> value) {
-  return auto_ptr<Value>(dynamic_cast<Value*>(value.release()));
+  return auto_ptr<Value>(static_cast<Value*>(value.release()));
 }
 
 template <class CollectionKind>

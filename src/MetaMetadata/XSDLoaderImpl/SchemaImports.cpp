@@ -12,7 +12,7 @@ using xercesc::DOMElement;
 
 namespace {
 
-DOMDocument* findAmongLoadedImports(const XSDLoaderImplData& data, const WideString& typeName,
+DOMDocument* findAmongLoadedImports(XSDLoaderImplData& data, const WideString& typeName,
                                     const WideString& namespaceUri) {
   // All candidates first: an import without target namespace fails the look-up even if an earlier one has the type.
   Templates::vector<DOMDocument*> candidates;
@@ -51,8 +51,12 @@ DOMDocument* findAmongImportsOf(XSDLoaderImplData& data, DOMDocument& from, cons
 
 }  // namespace
 
-DOMElement* findComplexType(const XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
-  const WideString query = L"/xs:schema/xs:complexType[@name=" + queryLiteral(qnameLocalPart(typeName)) + L"]";
+DOMElement* findComplexType(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
+  const WideString name = qnameLocalPart(typeName);
+  if (const SchemaIndex* index = data.schemaIndexes.find(document, *data.nsResolver, name)) {
+    return index->complexTypeNamed(name);
+  }
+  const WideString query = L"/xs:schema/xs:complexType[@name=" + queryLiteral(name) + L"]";
   return dynamic_cast<DOMElement*>(firstNode(document, query, data.nsResolver));
 }
 

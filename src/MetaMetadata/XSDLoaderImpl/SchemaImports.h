@@ -11,7 +11,7 @@
 namespace MXF::Tessel::MetaMetadata::Loading {
 
 /// The top-level complex type of the document whose name is the local part of the given one, or null.
-xercesc::DOMElement* findComplexType(const XSDLoaderImplData& data, xercesc::DOMDocument& document,
+xercesc::DOMElement* findComplexType(XSDLoaderImplData& data, xercesc::DOMDocument& document,
                                      const Templates::WideString& typeName);
 
 /// The document that declares the type, or null. Looked for in the document `from` in which the name is written, then

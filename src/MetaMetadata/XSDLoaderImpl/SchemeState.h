@@ -1,6 +1,8 @@
 #pragma once
 
+#include "PropertyAnnotations.h"
 #include "SetReferenceResolution.h"
+#include "TypeResolution.h"
 #include "XPathEvaluation.h"
 
 #include <MetaMetadata/MetaElement.h>
@@ -29,6 +31,8 @@ struct SchemeState {
   GroupKeys groupKeysByName;
   LoadedSets loadedSets;
   PendingLocalTags pendingLocalTags;
+  OwnDeclarations ownDeclarations;
+  KnownAnnotations annotations;
 };
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

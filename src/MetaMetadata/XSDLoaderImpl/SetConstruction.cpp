@@ -31,11 +31,11 @@ void applySetProperties(const XSDLoaderImplData& data, xercesc::DOMElement& grou
 auto_ptr<MetaMetadataSet> buildSet(XSDLoaderImplData& data, xercesc::DOMElement& group, const KLV::Key& key,
                                    SchemeState& state) {
   auto_ptr<MetaMetadataSet> set(new MetaMetadataSet(key));
-  const TypeProperties type = collectPropertyDeclarations(data, *group.getOwnerDocument(), attributeOf(group, u"type"));
+  const TypeProperties type =
+      collectPropertyDeclarations(data, *group.getOwnerDocument(), attributeOf(group, u"type"), state.ownDeclarations);
   int index = 0;
   for (xercesc::DOMElement* declaration : type.declarations) {
-    set->addMetaAttribute(MetaMetadataSet::Attribute(
-        buildAttribute(data, *declaration, index++, state.elementsByXmlName, state.pendingLocalTags)));
+    set->addMetaAttribute(MetaMetadataSet::Attribute(buildAttribute(data, *declaration, index++, state)));
   }
   applySetProperties(data, group, *set, type.baseGroupKey);
   return set;

@@ -27,7 +27,7 @@ struct ChainLink {
 };
 using Chain = Templates::vector<ChainLink>;
 
-DOMElement& requireComplexType(const XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
+DOMElement& requireComplexType(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
   DOMElement* complexType = findComplexType(data, document, typeName);
   if (complexType == nullptr) {
     throw SchemeDataMissingException((L"The " + typeName + L" declaration was not found").c_str(),
@@ -66,10 +66,17 @@ Chain walkToRoot(XSDLoaderImplData& data, DOMDocument& document, const WideStrin
   }
 }
 
+DOMElement* findElementOfType(XSDLoaderImplData& data, DOMDocument& document, const WideString& type) {
+  if (const SchemaIndex* index = data.schemaIndexes.find(document, *data.nsResolver, type)) {
+    return index->elementOfType(type);
+  }
+  const WideString query = L"/xs:schema/xs:element[@type=" + queryLiteral(type) + L"]";
+  return dynamic_cast<DOMElement*>(firstNode(document, query, data.nsResolver));
+}
+
 /// Key of the group declared with the base type, whose name must be spelled there as it is here.
-WideString baseGroupKeyText(const XSDLoaderImplData& data, const ChainLink& link) {
-  const WideString query = L"/xs:schema/xs:element[@type=" + queryLiteral(link.baseName) + L"]";
-  auto* group = dynamic_cast<DOMElement*>(firstNode(*link.baseDocument, query, data.nsResolver));
+WideString baseGroupKeyText(XSDLoaderImplData& data, const ChainLink& link) {
+  DOMElement* group = findElementOfType(data, *link.baseDocument, link.baseName);
   if (group != nullptr) {
     if (const auto key = readGroupKey(data, *group)) {
       return key->toString(Types::StringRepresentationEncodingType::DottedHex);
@@ -81,20 +88,25 @@ WideString baseGroupKeyText(const XSDLoaderImplData& data, const ChainLink& link
   throw SchemeDataMissingException(message.c_str(), SourceNames::loaderImpl, __LINE__);
 }
 
-void appendOwnPropertyDeclarations(const XSDLoaderImplData& data, DOMElement& complexType, Elements& declarations) {
+Elements ownPropertyDeclarations(const XSDLoaderImplData& data, DOMElement& complexType) {
+  Elements declarations;
   selectElements(complexType, data.queries.groupElementProperties->utf16(), data.nsResolver, declarations);
   selectElements(complexType, data.queries.groupAttributeProperties->utf16(), data.nsResolver, declarations);
+  return declarations;
 }
 
 }  // namespace
 
-TypeProperties collectPropertyDeclarations(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
+TypeProperties collectPropertyDeclarations(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName,
+                                           OwnDeclarations& known) {
   const Chain chain = walkToRoot(data, document, typeName);
   TypeProperties properties;
   // Every link's base group is looked up, though only the last one counts: a fault in any of them is reported.
   for (auto link = chain.rbegin(); link != chain.rend(); ++link) {
     if (!link->baseName.empty()) properties.baseGroupKey = baseGroupKeyText(data, *link);
-    appendOwnPropertyDeclarations(data, *link->complexType, properties.declarations);
+    DOMElement& type = *link->complexType;
+    const Elements& own = known.of(type, data.nsResolver, [&] { return ownPropertyDeclarations(data, type); });
+    properties.declarations.insert(properties.declarations.end(), own.begin(), own.end());
   }
   return properties;
 }

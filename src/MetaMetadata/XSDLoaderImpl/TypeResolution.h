@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Readings.h"
 #include "XPathEvaluation.h"
 #include "XSDLoaderImplData.h"
 
@@ -18,9 +19,13 @@ struct TypeProperties {
   Templates::WideString baseGroupKey;
 };
 
+/// The property declarations of single complex types, in the order of TypeProperties.
+using OwnDeclarations = Readings<Elements>;
+
 /// Walks from a type to the root of its base types, across imported documents.
 /// @param document  where the type is declared.
 /// @param typeName  as written, prefix included.
+/// @param known     declarations of types met before; those of new ones are added.
 /// @throws Exceptions::SchemeDataMissingException  "The " name " declaration was not found"; "Type " base ", base type
 /// for "
 ///         name ", was not found"; while abstract groups are loaded "Definition of type " base ", base type for " name
@@ -28,6 +33,6 @@ struct TypeProperties {
 /// @throws Exceptions::InvalidULDesignator  a base group's key is malformed.
 /// @throws Exceptions::IOError, xercesc::SAXParseException  an import cannot be loaded.
 TypeProperties collectPropertyDeclarations(XSDLoaderImplData& data, xercesc::DOMDocument& document,
-                                           const Templates::WideString& typeName);
+                                           const Templates::WideString& typeName, OwnDeclarations& known);
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

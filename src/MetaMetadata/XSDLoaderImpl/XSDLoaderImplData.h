@@ -2,6 +2,7 @@
 
 #include "ImportedDocuments.h"
 #include "QuerySet.h"
+#include "SchemaIndex.h"
 
 #include <Templates/Containers.h>
 #include <XMLUtils/Released.h>
@@ -31,6 +32,7 @@ struct XSDLoaderImplData {
   /// Namespace URI to prefix, from the root elements of all documents loaded so far. The first prefix of a URI stays.
   Templates::map<Templates::WideString, Templates::WideString> prefixByNamespace;
   ImportedDocuments importedDocuments;
+  SchemaIndexes schemaIndexes;
   /// Resolver of the most recently loaded document, whichever document a query runs on. Lives with its document.
   xercesc::DOMXPathNSResolver* nsResolver = nullptr;
   XMLUtils::Released<xercesc::DOMLSParser> parser;

@@ -26,7 +26,7 @@ int changesOf(const DOMNode* node) {
   if (node == nullptr) return 0;
   const bool isDocument = node->getNodeType() == DOMNode::DOCUMENT_NODE;
   const auto* document = isDocument ? static_cast<const xercesc::DOMDocument*>(node) : node->getOwnerDocument();
-  return static_cast<const xercesc::DOMDocumentImpl*>(document)->changes();
+  return document == nullptr ? 0 : static_cast<const xercesc::DOMDocumentImpl*>(document)->changes();
 }
 
 }  // namespace

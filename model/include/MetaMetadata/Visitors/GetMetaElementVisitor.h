@@ -6,7 +6,8 @@
 namespace MXF::Tessel::MetaMetadata::Visitors {
 
 /// Captures an element as a T, T being one of the concrete classes or facets of MetaElementVisitor: after
-/// element.accept(visitor), get() is the element as a T, or null when it is none. Borrowed from the element.
+/// element.accept(visitor), get() is the element as a T, or null when NullMetaElementVisitor does not lead it there. So
+/// a simple element is never captured as its facet MetaValueHolder. Borrowed from the element.
 template <class T>
 class GetMetaElementVisitor : public NullMetaElementVisitor {
  public:

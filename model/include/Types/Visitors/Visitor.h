@@ -20,7 +20,7 @@ class UTF16;
 class UTF16String;
 class UUID;
 template <class Number>
-class Integer;
+class TESSELMXF_MODEL_API Integer;
 using Int8 = Integer<signed char>;
 using Int16 = Integer<short>;
 using Int32 = Integer<int>;

@@ -1,0 +1,67 @@
+#include "SchemaIndex.h"
+
+#include <XMLUtils/TextConversion.h>
+
+#include <xercesc/dom/DOMAttr.hpp>
+#include <xercesc/util/XMLString.hpp>
+
+#include <algorithm>
+
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+using Templates::WideString;
+using xercesc::DOMDocument;
+using xercesc::DOMElement;
+
+namespace {
+
+bool isNamed(const DOMElement& element, const XMLCh* namespaceUri, const XMLCh* localName) {
+  return xercesc::XMLString::equals(element.getLocalName(), localName) &&
+         xercesc::XMLString::equals(element.getNamespaceURI(), namespaceUri);
+}
+
+/// XPath reads a string literal as it stands but for line ends, which it may normalise. Ampersands and characters
+/// outside the first plane are left to it as well.
+bool isReadLiterally(const WideString& text) {
+  return std::all_of(text.begin(), text.end(), [](wchar_t c) {
+    return (c >= L' ' && c < 0x7F && c != L'&') || (c >= 0xA0 && c < 0x2000) || (c >= 0x3000 && c < 0xD800);
+  });
+}
+
+}  // namespace
+
+SchemaIndex::SchemaIndex(const DOMDocument& document, const XMLCh* schemaNamespace) {
+  const DOMElement* root = document.getDocumentElement();
+  if (root == nullptr || !isNamed(*root, schemaNamespace, u"schema")) return;
+  // The first declaration in document order keeps the text.
+  const auto add = [](ByText& index, DOMElement& declaration, const XMLCh* attributeName) {
+    const xercesc::DOMAttr* attribute = declaration.getAttributeNodeNS(nullptr, attributeName);
+    if (attribute != nullptr) index.emplace(XMLUtils::toWstring(attribute->getValue()), &declaration);
+  };
+  for (DOMElement* child = root->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
+    if (isNamed(*child, schemaNamespace, u"complexType")) add(complexTypesByName_, *child, u"name");
+    if (isNamed(*child, schemaNamespace, u"element")) add(elementsByType_, *child, u"type");
+  }
+}
+
+DOMElement* SchemaIndex::complexTypeNamed(const WideString& name) const {
+  const auto entry = complexTypesByName_.find(name);
+  return entry == complexTypesByName_.end() ? nullptr : entry->second;
+}
+
+DOMElement* SchemaIndex::elementOfType(const WideString& type) const {
+  const auto entry = elementsByType_.find(type);
+  return entry == elementsByType_.end() ? nullptr : entry->second;
+}
+
+const SchemaIndex* SchemaIndexes::find(const DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver,
+                                       const WideString& text) {
+  const XMLCh* schemaNamespace = resolver.lookupNamespaceURI(u"xs");
+  if (schemaNamespace == nullptr || *schemaNamespace == u'\0') return nullptr;
+  if (document.getDoctype() != nullptr || !isReadLiterally(text)) return nullptr;
+  auto& index = indexes_[{&document, schemaNamespace}];
+  if (!index) index = std::make_unique<const SchemaIndex>(document, schemaNamespace);
+  return index.get();
+}
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <Templates/Containers.h>
+
+#include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMElement.hpp>
+#include <xercesc/dom/DOMXPathNSResolver.hpp>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+/// Look-ups of top-level declarations by an attribute. A query for one walks the whole document, and a scheme asks for
+/// every type and base group of every chain; an index is built once.
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+/// The top-level declarations of a document, by the attributes that look-ups go by.
+class SchemaIndex {
+ public:
+  /// @param schemaNamespace  namespace in which "schema", "complexType" and "element" are meant.
+  SchemaIndex(const xercesc::DOMDocument& document, const XMLCh* schemaNamespace);
+
+  /// What the query "/xs:schema/xs:complexType[@name='...']" finds first, or null.
+  xercesc::DOMElement* complexTypeNamed(const Templates::WideString& name) const;
+  /// What the query "/xs:schema/xs:element[@type='...']" finds first, or null.
+  xercesc::DOMElement* elementOfType(const Templates::WideString& type) const;
+
+ private:
+  using ByText = Templates::map<Templates::WideString, xercesc::DOMElement*>;
+
+  ByText complexTypesByName_;
+  ByText elementsByType_;
+};
+
+/// The indexes of a loader's documents, one for each document and each namespace that queries gave the prefix xs.
+class SchemaIndexes {
+ public:
+  /// The index that answers a query for the text on the document under the resolver, or null when only the query itself
+  /// can be trusted to: the prefix is not bound (the query fails), the text has characters that XPath does not read
+  /// literally, or the document has a DTD, which may give attributes types.
+  const SchemaIndex* find(const xercesc::DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver,
+                          const Templates::WideString& text);
+
+ private:
+  std::map<std::pair<const xercesc::DOMDocument*, std::u16string>, std::unique_ptr<const SchemaIndex>> indexes_;
+};
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading
