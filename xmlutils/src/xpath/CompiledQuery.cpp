@@ -1,5 +1,6 @@
 #include "CompiledQuery.h"
 
+#include "AttributeComparison.h"
 #include "ErrorTranslation.h"
 #include "QueryResult.h"
 
@@ -15,7 +16,10 @@ CompiledQuery::CompiledQuery(std::shared_ptr<DynamicContext> staticContext, std:
   staticContext_->setNSResolver(&bindings_);
   staticContext_->setDefaultElementAndTypeNS(bindings_.lookupNamespaceURI(u""));
   const unsigned int flags = XQilla::NO_ADOPT_CONTEXT | (modules == Modules::None ? XQilla::NO_DEFAULT_MODULES : 0);
-  translatingErrors([&] { query_.reset(XQilla::parse(text_.c_str(), staticContext_.get(), nullptr, flags)); });
+  translatingErrors([&] {
+    query_.reset(XQilla::parse(text_.c_str(), staticContext_.get(), nullptr, flags));
+    compareAttributesAsText(*query_);
+  });
   bindings_.stopRecording();
 }
 
