@@ -1,9 +1,11 @@
+// Arrays and batches: their items, and the wire form with item count and item length.
+
 #include <Exceptions/Exceptions.h>
 #include <Types/Collection.h>
 #include <Types/WireForm.h>
+#include <Utils/TextConversion.h>
 
 #include <array>
-#include <string>
 #include <utility>
 
 namespace MXF::Tessel::Types {
@@ -29,7 +31,7 @@ void Collection::append(Templates::auto_ptr<SimpleDataType> item) {
 const SimpleDataType& Collection::at(std::size_t position) const {
   if (position >= items_.size()) {
     const Templates::WideString message =
-        L"The collection has no item " + Templates::WideString(std::to_wstring(position));
+        L"The collection has no item " + Utils::toDecimal(static_cast<long long>(position));
     throw Exceptions::NotFound(message.c_str(), "Collection", __LINE__);
   }
   return *items_[position];

@@ -1,3 +1,5 @@
+// Where serialised bytes go.
+
 #include <DataIO/DataSink.h>
 
 namespace MXF::Tessel::DataIO {

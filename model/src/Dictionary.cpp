@@ -1,3 +1,5 @@
+// The dictionary: what is registered, once each, and in which order it is given back.
+
 #include <Exceptions/Exceptions.h>
 #include <MetaMetadata/Dictionary.h>
 

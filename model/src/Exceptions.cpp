@@ -1,7 +1,9 @@
+// The exception family: texts and codes.
+
 #include <Exceptions/Exceptions.h>
 #include <Utils/TextConversion.h>
 
-#include <string>
+#include <utility>
 
 namespace MXF::Tessel::Exceptions {
 
@@ -13,19 +15,20 @@ BaseException::BaseException(const wchar_t* message, const char* sourceFile, int
 BaseException::BaseException(const char* message, const char* sourceFile, int line)
     : BaseException(Utils::stringToWstring(message), sourceFile, line) {}
 
-BaseException::BaseException(WideString message, const char* sourceFile, int line) : message_(std::move(message)) {
-  what_ = message_ + L" [" + Utils::stringToWstring(sourceFile) + L":" + WideString(std::to_wstring(line)) + L"]";
+BaseException::BaseException(WideString message, const char* sourceFile, int line) {
+  const WideString what = message + L" [" + Utils::stringToWstring(sourceFile) + L":" + Utils::toDecimal(line) + L"]";
+  texts_ = std::make_shared<const Texts>(Texts{std::move(message), what});
 }
 
-BaseException::BaseException(const BaseException& other) = default;
-BaseException& BaseException::operator=(const BaseException& other) = default;
+BaseException::BaseException(const BaseException& other) noexcept = default;
+BaseException& BaseException::operator=(const BaseException& other) noexcept = default;
 BaseException::~BaseException() = default;
 
 const wchar_t* BaseException::message() const {
-  return message_.c_str();
+  return texts_->message.c_str();
 }
 const wchar_t* BaseException::what() const {
-  return what_.c_str();
+  return texts_->what.c_str();
 }
 int BaseException::code() const {
   return 0;

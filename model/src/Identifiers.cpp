@@ -3,11 +3,11 @@
 #include <Exceptions/Exceptions.h>
 #include <Types/Factories/BaseTypeFactory.h>
 #include <Types/Identifiers.h>
+#include <Utils/TextConversion.h>
 
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <string>
 #include <string_view>
 
 namespace MXF::Tessel::Types {
@@ -83,7 +83,7 @@ const TypeRow* findRow(Identifier identifier) {
 }
 
 WideString withNumber(const wchar_t* text, Identifier identifier) {
-  return text + WideString(std::to_wstring(static_cast<int>(identifier)));
+  return text + Utils::toDecimal(static_cast<int>(identifier));
 }
 
 class Factory final : public BaseTypeFactory {};

@@ -1,3 +1,5 @@
+// Makes the process-wide tables.
+
 #include <Initializer.h>
 #include <MetaMetadata/AttributeRequiredStatus.h>
 #include <Types/Factories/BaseTypeFactory.h>

@@ -1,3 +1,5 @@
+// Keys of sets.
+
 #include "HexText.h"
 
 #include <Exceptions/Exceptions.h>

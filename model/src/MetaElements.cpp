@@ -1,3 +1,5 @@
+// Properties, elements, their facets, and the dispatch of visitors to them.
+
 #include <Exceptions/Exceptions.h>
 #include <MetaMetadata/MetaElements.h>
 #include <MetaMetadata/Visitors/NullMetaElementVisitor.h>

@@ -1,3 +1,5 @@
+// The allocator.
+
 #include <Platform/TextConversion.h>
 #include <Platform/malloc_alloc.h>
 #include <Utils/TextConversion.h>

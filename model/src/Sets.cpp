@@ -4,9 +4,9 @@
 #include <MetaMetadata/AttributeRequiredStatus.h>
 #include <MetaMetadata/MetaAttribute.h>
 #include <MetaMetadata/MetaMetadataSet.h>
+#include <Utils/TextConversion.h>
 
 #include <iterator>
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -37,7 +37,7 @@ AttributeRequiredStatus::Status AttributeRequiredStatus::fromString(const wchar_
 const wchar_t* AttributeRequiredStatus::toString(const Status& status) const {
   const auto number = static_cast<int>(status);
   if (number < 0 || number >= static_cast<int>(std::size(statusWords))) {
-    const Templates::WideString message = L"Unknown required status: " + Templates::WideString(std::to_wstring(number));
+    const Templates::WideString message = L"Unknown required status: " + Utils::toDecimal(number);
     throw Exceptions::InvalidValue(message.c_str(), "Sets", __LINE__);
   }
   return statusWords[number];

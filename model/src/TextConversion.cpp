@@ -1,6 +1,8 @@
+// UTF-8 to UTF-16 code units and back.
+
 #include <Utils/TextConversion.h>
 
-#include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace MXF::Tessel::Utils {
@@ -120,6 +122,11 @@ WideString toCodeUnits(const wchar_t* text) {
   if (text == nullptr) return units;
   while (*text != L'\0') appendCodeUnits(units, static_cast<char32_t>(*text++));
   return units;
+}
+
+WideString toDecimal(long long number) {
+  const std::wstring digits = std::to_wstring(number);
+  return {digits.begin(), digits.end()};
 }
 
 }  // namespace MXF::Tessel::Utils

@@ -5,8 +5,8 @@
 #include <Exceptions/Exceptions.h>
 #include <Types/LocalTag.h>
 #include <Types/UID.h>
+#include <Utils/TextConversion.h>
 
-#include <string>
 #include <string_view>
 
 namespace MXF::Tessel::Types {
@@ -45,7 +45,7 @@ UID::~UID() = default;
 
 unsigned char UID::operator[](int position) const {
   if (position < 0 || position >= size()) {
-    const WideString message = L"The identifier has no byte " + WideString(std::to_wstring(position));
+    const WideString message = L"The identifier has no byte " + Utils::toDecimal(position);
     throw Exceptions::NotFound(message.c_str(), "UID", __LINE__);
   }
   return rawBuffer()[position];

@@ -36,8 +36,8 @@ void SimpleDataType::serialize(DataIO::DataSink& sink) const {
 
 unsigned short propertyLength(std::size_t bytes) {
   if (bytes > std::numeric_limits<unsigned short>::max()) {
-    const WideString message =
-        L"A value of " + WideString(std::to_wstring(bytes)) + L" bytes does not fit the 65535 bytes of a property.";
+    const WideString message = L"A value of " + Utils::toDecimal(static_cast<long long>(bytes)) +
+                               L" bytes does not fit the 65535 bytes of a property.";
     throw InvalidValue(message.c_str(), "Values", __LINE__);
   }
   return static_cast<unsigned short>(bytes);
@@ -186,7 +186,7 @@ namespace {
 
 void checkComponentIndex(unsigned int index) {
   if (index < RGBALayout::componentCount) return;
-  const WideString message = L"RGBALayout has 8 components, no component " + WideString(std::to_wstring(index));
+  const WideString message = L"RGBALayout has 8 components, no component " + Utils::toDecimal(index);
   throw InvalidValue(message.c_str(), "Values", __LINE__);
 }
 

@@ -3,19 +3,22 @@
 #include <Platform/Export.h>
 #include <Templates/Containers.h>
 
+#include <memory>
+
 namespace MXF::Tessel::Exceptions {
 
-/// Root of all exceptions of the library. Thrown by value, caught by reference; a copy carries the same texts.
+/// Root of all exceptions of the library. Thrown by value, caught by reference. A copy shares the texts and cannot
+/// fail.
 class TESSELMXF_MODEL_API BaseException {
  public:
-  /// @param message     fixed English text, often followed by the offending name; copied.
+  /// @param message     fixed English text, often followed by the offending name; not null, copied.
   /// @param sourceFile  name of the source file of the throw site.
   /// @param line        its line there.
   BaseException(const wchar_t* message, const char* sourceFile, int line);
   /// The same with a narrow message (UTF-8), which is widened.
   BaseException(const char* message, const char* sourceFile, int line);
-  BaseException(const BaseException& other);
-  BaseException& operator=(const BaseException& other);
+  BaseException(const BaseException& other) noexcept;
+  BaseException& operator=(const BaseException& other) noexcept;
 
   virtual ~BaseException();
 
@@ -28,10 +31,14 @@ class TESSELMXF_MODEL_API BaseException {
   virtual int code() const;
 
  private:
+  struct Texts {
+    Templates::WideString message;
+    Templates::WideString what;
+  };
+
   BaseException(Templates::WideString message, const char* sourceFile, int line);
 
-  Templates::WideString message_;
-  Templates::WideString what_;
+  std::shared_ptr<const Texts> texts_;
 };
 
 }  // namespace MXF::Tessel::Exceptions

@@ -16,7 +16,7 @@ class TESSELMXF_MODEL_API Key {
 
   explicit Key(const Bytes& bytes) : bytes_(bytes) {}
 
-  /// @param text  16 bytes of two hexadecimal digits, joined by "."; letters in either case.
+  /// @param text  not null: 16 bytes of two hexadecimal digits, joined by "."; letters in either case.
   /// @throws Exceptions::InvalidULDesignator  the text is anything else; the message is the text.
   Key(const wchar_t* text, Types::StringRepresentationEncodingType encoding);
 

@@ -12,7 +12,7 @@ class TESSELMXF_MODEL_API AttributeRequiredStatus {
 
   static AttributeRequiredStatus& instance();
 
-  /// @param text  "Req", "Opt", "D/req", "E/req" or "B.Effort", exactly.
+  /// @param text  not null: "Req", "Opt", "D/req", "E/req" or "B.Effort", exactly.
   /// @throws Exceptions::InvalidValue  any other text: "Unknown required status: " and the text.
   virtual Status fromString(const wchar_t* text) const;
   /// The same word; valid for ever.

@@ -68,7 +68,8 @@ class TESSELMXF_MODEL_API Dictionary : public MetaMetadataSetRegistry, public Me
   void addMetaMetadataSet(const KLV::Key& key, const MetaMetadataSet& set) override;
   void addMetaElement(const Types::UniversalLabel& label, Templates::auto_ptr<MetaElement> element) override;
 
-  /// The elements as pairs of label and element, in label order. They stay the dictionary's.
+  /// The elements as pairs of label and element, in label order. They stay the dictionary's. Changing an element counts
+  /// as changing the dictionary.
   MetaElementIterator metaElementBegin() { return elements_.begin(); }
   MetaElementIterator metaElementEnd() { return elements_.end(); }
   MetaElementConstIterator metaElementBegin() const { return elements_.begin(); }

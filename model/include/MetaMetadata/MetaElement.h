@@ -10,6 +10,9 @@
 namespace MXF::Tessel::MetaMetadata {
 
 /// Definition of a metadata element: its label and data type, both fixed at construction, and its properties.
+///
+/// Assignment is virtual here; a class that derives from an element and declares an assignment of its own repeats
+/// "using Base::operator=;".
 class TESSELMXF_MODEL_API MetaElement : public PropertyMap {
  public:
   ~MetaElement() override;

@@ -9,6 +9,8 @@ namespace MXF::Tessel::MetaMetadata {
 
 /// Text properties of an element, set or attribute: what the schema says about it beyond its own members. Base of the
 /// classes that carry properties.
+///
+/// Threads: like all objects of the model, one thread changes it; while nobody does, any number of threads may read it.
 class TESSELMXF_MODEL_API PropertyMap {
  public:
   using Properties = Templates::map<Templates::WideString, Templates::WideString>;
@@ -19,7 +21,7 @@ class TESSELMXF_MODEL_API PropertyMap {
   virtual PropertyMap& operator=(const PropertyMap& other);
   virtual ~PropertyMap();
 
-  /// Stores a copy of both texts; a key that is already present gets the new value.
+  /// Stores a copy of both texts, which are not null; a key that is already present gets the new value.
   virtual void addProperty(const wchar_t* key, const wchar_t* value);
   /// @return the stored value, valid until that property is set again or the map is assigned to or destroyed.
   /// @throws Exceptions::NotFound  there is no such key: "Property not found: " and the key.

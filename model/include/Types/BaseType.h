@@ -31,7 +31,7 @@ class TESSELMXF_MODEL_API Visitable {
 
 }  // namespace Visitors
 
-/// Any metadata value.
+/// Any metadata value. One thread changes a value; while nobody does, any number of threads may read it.
 class TESSELMXF_MODEL_API BaseType : public Visitors::Visitable {
  public:
   ~BaseType() override;

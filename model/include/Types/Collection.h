@@ -25,7 +25,7 @@ class TESSELMXF_MODEL_API Collection : public BaseType {
   ///         unchanged.
   void append(Templates::auto_ptr<SimpleDataType> item);
 
-  /// Size in bytes of one item, as given at construction.
+  /// Size in bytes of one item, as given at construction; not checked against the items.
   int elementSize() const { return elementSize_; }
   /// Number of items.
   std::size_t size() const { return items_.size(); }

@@ -11,7 +11,8 @@ namespace MXF::Tessel::Types {
 /// Two-byte tag that stands for an element's label inside a local set (SMPTE ST 377-1, local tags).
 class TESSELMXF_MODEL_API LocalTag : public SimpleDataType {
  public:
-  /// @param text  two bytes of hexadecimal digits joined by "." (3C.0A), four digits, or 0x and four digits; letters in
+  /// @param text  not null: two bytes of hexadecimal digits joined by "." (3C.0A), four digits, or 0x and four digits;
+  /// letters in
   ///              either case.
   /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid local tag: " and the text.
   LocalTag(const wchar_t* text, StringRepresentationEncodingType encoding);

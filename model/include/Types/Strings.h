@@ -9,7 +9,7 @@ namespace MXF::Tessel::Types {
 /// Text of ISO 7-bit characters, one byte each, without a terminator.
 class TESSELMXF_MODEL_API ISO7String : public SimpleDataType {
  public:
-  /// @param text  zero-terminated; copied.
+  /// @param text  zero-terminated, not null; copied.
   /// @throws Exceptions::InvalidValue  a byte is above 7F hex: "Not an ISO 7-bit text: " and the text.
   explicit ISO7String(const char* text);
   ~ISO7String() override;
@@ -28,7 +28,9 @@ class TESSELMXF_MODEL_API ISO7String : public SimpleDataType {
 /// One UTF-16 code unit.
 class TESSELMXF_MODEL_API UTF16 : public SimpleDataType {
  public:
-  /// @throws Exceptions::InvalidValue  the character does not fit one code unit: it is above FFFF hex.
+  /// @throws Exceptions::InvalidValue  the character is above FFFF hex: "A character above FFFF is no single UTF-16
+  /// code
+  ///         unit."
   explicit UTF16(wchar_t codeUnit);
   ~UTF16() override;
   void accept(Visitors::NonConstVisitor& visitor) override;

@@ -35,7 +35,8 @@ class TESSELMXF_MODEL_API UniversalLabel : public UID {
  public:
   using Bytes = KLV::Key::Bytes;
 
-  /// @param text  16 bytes of two hexadecimal digits, joined by ".", or urn:smpte:ul: and four groups of eight digits
+  /// @param text  not null: 16 bytes of two hexadecimal digits, joined by ".", or urn:smpte:ul: and four groups of
+  /// eight digits
   ///              joined by "."; letters in either case.
   /// @throws Exceptions::InvalidULDesignator  the text is anything else; the message is the text.
   UniversalLabel(const wchar_t* text, StringRepresentationEncodingType encoding);
@@ -70,8 +71,8 @@ inline bool operator==(const UniversalLabel& a, const UniversalLabel& b) {
 /// A 16-byte UUID (RFC 4122), also the form of AUIDs and of instance identifiers.
 class TESSELMXF_MODEL_API UUID : public UID {
  public:
-  /// @param text  16 bytes joined by ".", or 8-4-4-4-12 digits, with or without urn:uuid: before them; letters in
-  /// either
+  /// @param text  not null: 16 bytes joined by ".", or 8-4-4-4-12 digits, with or without urn:uuid: before them;
+  /// letters in either
   ///              case.
   /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid UUID: " and the text.
   UUID(const wchar_t* text, StringRepresentationEncodingType encoding);
@@ -89,7 +90,8 @@ class TESSELMXF_MODEL_API UUID : public UID {
 /// A basic, 32-byte UMID (SMPTE ST 330).
 class TESSELMXF_MODEL_API UMID32 : public UID {
  public:
-  /// @param text  32 bytes joined by ".", or 64 digits, with or without 0x before them; letters in either case.
+  /// @param text  not null: 32 bytes joined by ".", or 64 digits, with or without 0x before them; letters in either
+  /// case.
   /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid UMID: " and the text.
   UMID32(const wchar_t* text, StringRepresentationEncodingType encoding);
   ~UMID32() override;
@@ -106,7 +108,8 @@ class TESSELMXF_MODEL_API UMID32 : public UID {
 /// An extended, 64-byte UMID (SMPTE ST 330).
 class TESSELMXF_MODEL_API UMID64 : public UID {
  public:
-  /// @param text  64 bytes joined by ".", or 128 digits, with or without 0x before them; letters in either case.
+  /// @param text  not null: 64 bytes joined by ".", or 128 digits, with or without 0x before them; letters in either
+  /// case.
   /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid UMID: " and the text.
   UMID64(const wchar_t* text, StringRepresentationEncodingType encoding);
   ~UMID64() override;

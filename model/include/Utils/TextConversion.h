@@ -18,8 +18,12 @@ TESSELMXF_MODEL_API Templates::WideString stringToWstring(const char* text);
 /// @param text  zero-terminated; null counts as empty.
 TESSELMXF_MODEL_API Templates::NarrowString wstringToString(const wchar_t* text);
 
-/// The same text with each character above FFFF hex split into its surrogate pair.
+/// The same text with each character above FFFF hex split into its surrogate pair, and one above 10FFFF hex replaced by
+/// U+FFFD.
 /// @param text  zero-terminated; null counts as empty.
 TESSELMXF_MODEL_API Templates::WideString toCodeUnits(const wchar_t* text);
+
+/// The number in decimal digits, after a minus sign if it is negative.
+TESSELMXF_MODEL_API Templates::WideString toDecimal(long long number);
 
 }  // namespace MXF::Tessel::Utils
