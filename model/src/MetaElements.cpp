@@ -34,7 +34,9 @@ void PropertyMap::operator delete(void* block, std::size_t size) noexcept {
 
 // Facets
 
-MetaValueHolder& MetaValueHolder::operator=(const MetaValueHolder& other) = default;
+MetaValueHolder& MetaValueHolder::operator=(const MetaValueHolder& /*other*/) {
+  return *this;
+}
 MetaValueHolder::~MetaValueHolder() = default;
 
 MetaReferenceHolder::~MetaReferenceHolder() = default;
@@ -43,7 +45,8 @@ void MetaReferenceHolder::addAllowedMetadataSet(KLV::Key key) {
   allowedSets_.push_back(key);
 }
 
-// Elements. Assignment leaves what construction fixed, so all of it goes down to the properties and the allowed sets.
+// Elements. Assignment leaves what construction fixed, so all of it goes down to the properties and the allowed sets;
+// the default would assign the fixed members too. NOLINTBEGIN(modernize-use-equals-default)
 
 MetaElement::~MetaElement() = default;
 MetaElement& MetaElement::operator=(const MetaElement& other) {
@@ -106,6 +109,8 @@ MetaReferenceCollection& MetaReferenceCollection::operator=(const MetaReferenceC
   MetaReferenceHolder::operator=(other);
   return *this;
 }
+
+// NOLINTEND(modernize-use-equals-default)
 
 // Visitors
 

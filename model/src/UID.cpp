@@ -69,7 +69,7 @@ Templates::auto_ptr<SimpleDataType> UniversalLabel::clone() const {
   return Templates::auto_ptr<SimpleDataType>(new UniversalLabel(*this));
 }
 
-UUID::UUID(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) : bytes_{} {
+UUID::UUID(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) {
   if (!parseUuid(text, bytes_)) rejectText(L"Invalid UUID: ", text);
 }
 UUID::~UUID() = default;
@@ -83,7 +83,7 @@ Templates::auto_ptr<SimpleDataType> UUID::clone() const {
   return Templates::auto_ptr<SimpleDataType>(new UUID(*this));
 }
 
-UMID32::UMID32(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) : bytes_{} {
+UMID32::UMID32(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) {
   if (!parseDottedOrPlain(text, bytes_)) rejectText(L"Invalid UMID: ", text);
 }
 UMID32::~UMID32() = default;
@@ -97,7 +97,7 @@ Templates::auto_ptr<SimpleDataType> UMID32::clone() const {
   return Templates::auto_ptr<SimpleDataType>(new UMID32(*this));
 }
 
-UMID64::UMID64(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) : bytes_{} {
+UMID64::UMID64(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) {
   if (!parseDottedOrPlain(text, bytes_)) rejectText(L"Invalid UMID: ", text);
 }
 UMID64::~UMID64() = default;
@@ -111,7 +111,7 @@ Templates::auto_ptr<SimpleDataType> UMID64::clone() const {
   return Templates::auto_ptr<SimpleDataType>(new UMID64(*this));
 }
 
-LocalTag::LocalTag(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) : bytes_{} {
+LocalTag::LocalTag(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) {
   if (!parseDottedOrPlain(text, bytes_)) rejectText(L"Invalid local tag: ", text);
 }
 LocalTag::~LocalTag() = default;

@@ -161,7 +161,7 @@ Templates::auto_ptr<SimpleDataType> UTF16String::clone() const {
 
 // Rational, RGBALayout
 
-Rational::Rational(int numerator, int denominator) : wire_{} {
+Rational::Rational(int numerator, int denominator) {
   BigEndian<int>::store(wire_.data(), numerator);
   BigEndian<int>::store(wire_.data() + sizeof(int), denominator);
 }

@@ -22,7 +22,6 @@
 #include <fcntl.h>
 #include <memory>
 #include <optional>
-#include <sstream>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -89,16 +88,17 @@ class FirstError : public xercesc::DOMErrorHandler {
     if (error.getSeverity() == xercesc::DOMError::DOM_SEVERITY_WARNING) return true;
     if (!error_) {
       const xercesc::DOMLocator* where = error.getLocation();
-      error_ = Error{toWstring(error.getMessage()), where->getLineNumber(), where->getColumnNumber()};
+      error_.emplace(Error{toWstring(error.getMessage()), where->getLineNumber(), where->getColumnNumber()});
     }
     return false;
   }
 
   void throwIfAny(const wchar_t* path) const {
     if (!error_) return;
-    std::wostringstream text;
-    text << path << L":" << error_->line << L":" << error_->column << L": " << error_->message.c_str();
-    throw xercesc::SAXParseException(UnicodeString(text.str().c_str()).utf16(), nullptr, UnicodeString(path).utf16(),
+    const auto decimal = [](XMLFileLoc number) { return Utils::toDecimal(static_cast<long long>(number)); };
+    const WideString text =
+        path + (L":" + decimal(error_->line) + L":" + decimal(error_->column) + L": " + error_->message);
+    throw xercesc::SAXParseException(UnicodeString(text.c_str()).utf16(), nullptr, UnicodeString(path).utf16(),
                                      error_->line, error_->column);
   }
 

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <cxxabi.h>
 #include <memory>
-#include <sstream>
 #include <typeinfo>
 
 namespace MXF::Tessel::XMLUtils {
@@ -21,31 +20,23 @@ WideString readableName(const std::type_info& type) {
   return Utils::stringToWstring(name ? name.get() : type.name());
 }
 
-/// The pieces written one after another, nothing between them.
-template <class... Pieces>
-WideString written(const Pieces&... pieces) {
-  std::wostringstream text;
-  (text << ... << pieces);
-  return WideString(text.str().c_str());
-}
-
 template <class E>
 WideString describeByTypeName(const E& e) {
-  return written(readableName(typeid(E)).c_str(), L": ", toWstring(e.getMessage()).c_str());
+  return readableName(typeid(E)) + L": " + toWstring(e.getMessage());
 }
 
 }  // namespace
 
 WideString describe(const XQillaException& e) {
-  return written(L"XQillaException:", L": ", toWstring(e.getString()).c_str());
+  return L"XQillaException:: " + toWstring(e.getString());
 }
 
 WideString describe(const XQException& e) {
-  return written(L"XQException:", L": ", toWstring(e.getError()).c_str());
+  return L"XQException:: " + toWstring(e.getError());
 }
 
 WideString describe(const xercesc::DOMException& e) {
-  return written(L"DOMException:", L": ", toWstring(e.msg).c_str(), L"(", e.code, L")");
+  return L"DOMException:: " + toWstring(e.msg) + L"(" + Utils::toDecimal(e.code) + L")";
 }
 
 WideString describe(const xercesc::UTFDataFormatException& e) {

@@ -21,6 +21,7 @@ class TESSELMXF_MODEL_API MetaReferenceHolder {
   using Keys = Templates::vector<KLV::Key>;
 
   /// @param allowedSets  copied.
+  // NOLINTNEXTLINE(modernize-pass-by-value): the constructors of reference elements take a reference.
   explicit MetaReferenceHolder(const Keys& allowedSets) : allowedSets_(allowedSets) {}
   MetaReferenceHolder(const MetaReferenceHolder&) = default;
   virtual ~MetaReferenceHolder();

@@ -18,11 +18,13 @@ class StandardAllocator {
   // NOLINTNEXTLINE(google-explicit-constructor): the allocator requirements ask for the implicit conversion.
   StandardAllocator(const StandardAllocator<U, Allocator>& /*other*/) noexcept {}
 
+  // NOLINTBEGIN(bugprone-sizeof-expression): containers of pointers allocate the pointers.
   T* allocate(std::size_t count) {
     if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) throw std::bad_array_new_length();
     return static_cast<T*>(Allocator::allocate(count * sizeof(T)));
   }
   void deallocate(T* block, std::size_t count) noexcept { Allocator::deallocate(block, count * sizeof(T)); }
+  // NOLINTEND(bugprone-sizeof-expression)
 
   template <class U>
   struct rebind {

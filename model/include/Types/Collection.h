@@ -8,6 +8,7 @@ namespace MXF::Tessel::Types {
 /// Ordered list of simple values, all of one class in well-formed metadata. Owns its items.
 class TESSELMXF_MODEL_API Collection : public BaseType {
  public:
+  Collection& operator=(const Collection&) = delete;
   ~Collection() override;
 
   /// Item count and item length, four bytes each, then the items (SMPTE ST 377-1, Array and Batch). The item length is
@@ -36,7 +37,6 @@ class TESSELMXF_MODEL_API Collection : public BaseType {
  protected:
   explicit Collection(int elementSize) : elementSize_(elementSize) {}
   Collection(const Collection& other);
-  Collection& operator=(const Collection&) = delete;
 
  private:
   int elementSize_;

@@ -35,7 +35,7 @@ class TESSELMXF_MODEL_API LocalTag : public SimpleDataType {
   friend bool operator==(const LocalTag& a, const LocalTag& b) { return a.bytes_ == b.bytes_; }
 
  private:
-  std::array<unsigned char, 2> bytes_;
+  std::array<unsigned char, 2> bytes_{};
 };
 
 }  // namespace MXF::Tessel::Types

@@ -17,7 +17,7 @@ class TESSELMXF_MODEL_API RGBALayout : public SimpleDataType {
   static constexpr unsigned int componentCount = 8;
 
   /// Eight components of code 0 and depth 0.
-  RGBALayout() : wire_{} {}
+  RGBALayout() = default;
   ~RGBALayout() override;
   void accept(Visitors::NonConstVisitor& visitor) override;
   void accept(Visitors::Visitor& visitor) const override;
@@ -32,7 +32,7 @@ class TESSELMXF_MODEL_API RGBALayout : public SimpleDataType {
   RGBAComponent get(unsigned int index) const;
 
  private:
-  std::array<unsigned char, std::size_t{2} * componentCount> wire_;
+  std::array<unsigned char, std::size_t{2} * componentCount> wire_{};
 };
 
 }  // namespace MXF::Tessel::Types

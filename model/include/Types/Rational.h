@@ -21,7 +21,7 @@ class TESSELMXF_MODEL_API Rational : public SimpleDataType {
   int denominator() const;
 
  private:
-  std::array<unsigned char, 8> wire_;
+  std::array<unsigned char, 8> wire_{};
 };
 
 }  // namespace MXF::Tessel::Types

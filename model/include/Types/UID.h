@@ -84,7 +84,7 @@ class TESSELMXF_MODEL_API UUID : public UID {
   unsigned short size() const override { return sizeof(bytes_); }
 
  private:
-  std::array<unsigned char, 16> bytes_;
+  std::array<unsigned char, 16> bytes_{};
 };
 
 /// A basic, 32-byte UMID (SMPTE ST 330).
@@ -102,7 +102,7 @@ class TESSELMXF_MODEL_API UMID32 : public UID {
   unsigned short size() const override { return sizeof(bytes_); }
 
  private:
-  std::array<unsigned char, 32> bytes_;
+  std::array<unsigned char, 32> bytes_{};
 };
 
 /// An extended, 64-byte UMID (SMPTE ST 330).
@@ -120,7 +120,7 @@ class TESSELMXF_MODEL_API UMID64 : public UID {
   unsigned short size() const override { return sizeof(bytes_); }
 
  private:
-  std::array<unsigned char, 64> bytes_;
+  std::array<unsigned char, 64> bytes_{};
 };
 
 }  // namespace MXF::Tessel::Types

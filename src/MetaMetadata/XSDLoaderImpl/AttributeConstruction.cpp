@@ -38,7 +38,7 @@ Status requiredStatus(const PropertyAnnotations& annotations) {
 
 auto_ptr<LocalTag> localTag(const PropertyAnnotations& annotations) {
   if (!annotations.localTag) return nullptr;
-  return auto_ptr<LocalTag>(new LocalTag(annotations.localTag->c_str(), textForm));
+  return std::make_unique<LocalTag>(annotations.localTag->c_str(), textForm);
 }
 
 const MetaElement& referencedElement(const xercesc::DOMElement& declaration, const WideString& reference,

@@ -60,7 +60,7 @@ auto_ptr<UniversalLabel> readElementLabel(const XSDLoaderImplData& data, xercesc
                                                     __LINE__);
   }
   checkULDesignator(*text);
-  return auto_ptr<UniversalLabel>(new UniversalLabel(text->c_str(), textForm));
+  return std::make_unique<UniversalLabel>(text->c_str(), textForm);
 }
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

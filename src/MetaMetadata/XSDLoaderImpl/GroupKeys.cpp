@@ -21,7 +21,7 @@ Templates::auto_ptr<KLV::Key> readGroupKey(const XSDLoaderImplData& data, xerces
                                                  __LINE__);
   }
   checkULDesignator(*text);
-  return Templates::auto_ptr<KLV::Key>(new KLV::Key(text->c_str(), Types::StringRepresentationEncodingType::DottedHex));
+  return std::make_unique<KLV::Key>(text->c_str(), Types::StringRepresentationEncodingType::DottedHex);
 }
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

@@ -5,6 +5,8 @@
 #include <Exceptions/Exceptions.h>
 #include <MetaMetadata/PropertyKeys.h>
 
+#include <utility>
+
 namespace MXF::Tessel::MetaMetadata::Loading::XSDLoaderUtils {
 
 using Templates::WideString;
@@ -21,9 +23,8 @@ WideString pendingText(const PropertyMap& properties) {
 
 }  // namespace
 
-DictionaryMetaElementVisitor::DictionaryMetaElementVisitor(const GroupKeys* groupKeysByName,
-                                                           const WideString& namespaceUri)
-    : groupKeysByName_(groupKeysByName), namespaceUri_(namespaceUri) {}
+DictionaryMetaElementVisitor::DictionaryMetaElementVisitor(const GroupKeys* groupKeysByName, WideString namespaceUri)
+    : groupKeysByName_(groupKeysByName), namespaceUri_(std::move(namespaceUri)) {}
 
 void DictionaryMetaElementVisitor::visit(MetaReferenceCollection& element) {
   resolve(element, element);

@@ -18,8 +18,8 @@ namespace XSDLoaderUtils {
 class DictionaryMetaElementVisitor : public Visitors::NullNonConstMetaElementVisitor {
  public:
   /// @param groupKeysByName  the document's groups; outlives the visitor.
-  /// @param namespaceUri     the document's target namespace; copied.
-  DictionaryMetaElementVisitor(const GroupKeys* groupKeysByName, const Templates::WideString& namespaceUri);
+  /// @param namespaceUri     the document's target namespace.
+  DictionaryMetaElementVisitor(const GroupKeys* groupKeysByName, Templates::WideString namespaceUri);
 
   using NullNonConstMetaElementVisitor::visit;
   void visit(MetaReferenceCollection& element) override;

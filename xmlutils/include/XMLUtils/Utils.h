@@ -11,8 +11,6 @@
 #include <xqilla/exceptions/XQException.hpp>
 #include <xqilla/exceptions/XQillaException.hpp>
 
-#include <sstream>
-
 /// The exceptions of Xerces-C and XQilla as texts, and as the library's own ParseError.
 namespace MXF::Tessel::XMLUtils {
 
@@ -29,9 +27,7 @@ TESSELMXF_XMLUTILS_API Templates::WideString describe(const xercesc::XMLExceptio
 /// @throws Exceptions::ParseError  always, with describe(e) as its message.
 template <class E>
 [[noreturn]] void throwParseError(const E& e) {
-  std::wostringstream text;
-  text << describe(e).c_str();
-  throw Exceptions::ParseError(text.str().c_str(), "Utils", __LINE__);
+  throw Exceptions::ParseError(describe(e).c_str(), "Utils", __LINE__);
 }
 
 }  // namespace MXF::Tessel::XMLUtils

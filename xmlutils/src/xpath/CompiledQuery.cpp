@@ -11,7 +11,7 @@
 namespace MXF::Tessel::XMLUtils::XPath {
 
 CompiledQuery::CompiledQuery(std::shared_ptr<DynamicContext> staticContext, std::u16string_view text,
-                             const xercesc::DOMXPathNSResolver* resolver, Modules modules)
+                             const xercesc::DOMXPathNSResolver& resolver, Modules modules)
     : staticContext_(std::move(staticContext)), text_(text), bindings_(resolver) {
   staticContext_->setNSResolver(&bindings_);
   staticContext_->setDefaultElementAndTypeNS(bindings_.lookupNamespaceURI(u""));
@@ -25,7 +25,7 @@ CompiledQuery::CompiledQuery(std::shared_ptr<DynamicContext> staticContext, std:
 
 CompiledQuery::~CompiledQuery() = default;
 
-bool CompiledQuery::isFor(std::u16string_view text, const xercesc::DOMXPathNSResolver* resolver, std::size_t stamp) {
+bool CompiledQuery::isFor(std::u16string_view text, const xercesc::DOMXPathNSResolver& resolver, std::size_t stamp) {
   if (text_ != text) return false;
   if (stamp != 0 && stamp == lastStamp_) return true;
   if (!bindings_.matches(resolver)) return false;

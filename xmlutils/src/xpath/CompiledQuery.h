@@ -24,10 +24,10 @@ class CompiledQuery {
   enum class Modules { None, Default };
 
   /// @param staticContext  may be shared with other queries; outlives this one through the pointer.
-  /// @param resolver       asked for the prefixes while compiling; null binds none.
+  /// @param resolver       asked for the prefixes while compiling.
   /// @throws XQillaException  the text is no query, or uses a prefix that the resolver does not bind.
   CompiledQuery(std::shared_ptr<DynamicContext> staticContext, std::u16string_view text,
-                const xercesc::DOMXPathNSResolver* resolver, Modules modules);
+                const xercesc::DOMXPathNSResolver& resolver, Modules modules);
   CompiledQuery(const CompiledQuery&) = delete;
   CompiledQuery& operator=(const CompiledQuery&) = delete;
   ~CompiledQuery();
@@ -35,7 +35,7 @@ class CompiledQuery {
   const std::u16string& text() const { return text_; }
   /// Whether compiling the text under that resolver would give this query.
   /// @param stamp  state of the resolver (NodeBindings::stamp); 0 when it has none.
-  bool isFor(std::u16string_view text, const xercesc::DOMXPathNSResolver* resolver, std::size_t stamp);
+  bool isFor(std::u16string_view text, const xercesc::DOMXPathNSResolver& resolver, std::size_t stamp);
 
   /// A result that nobody uses, ready to be evaluated. Given back with giveBack().
   QueryResult& take();

@@ -13,8 +13,8 @@ const XMLCh* textOf(const std::optional<std::u16string>& uri) {
   return uri ? uri->c_str() : nullptr;
 }
 
-std::optional<std::u16string> lookUp(const xercesc::DOMXPathNSResolver* resolver, const XMLCh* prefix) {
-  const XMLCh* uri = resolver == nullptr ? nullptr : resolver->lookupNamespaceURI(prefix);
+std::optional<std::u16string> lookUp(const xercesc::DOMXPathNSResolver& resolver, const XMLCh* prefix) {
+  const XMLCh* uri = resolver.lookupNamespaceURI(prefix);
   if (uri == nullptr) return std::nullopt;
   return uri;
 }
@@ -33,9 +33,9 @@ const XMLCh* NodeBindings::lookupNamespaceURI(const XMLCh* prefix) const {
   if (const Binding* binding = find(prefix)) return binding->uri.empty() ? nullptr : binding->uri.c_str();
   if (XMLString::equals(prefix, XMLUni::fgXMLString)) return XMLUni::fgXMLURIName;
   if (XMLString::equals(prefix, XMLUni::fgXMLNSString)) return XMLUni::fgXMLNSURIName;
-  if (node_ == nullptr) return nullptr;
-  // The DOM knows the default namespace by a null prefix.
-  const XMLCh* uri = node_->lookupNamespaceURI(*prefix == u'\0' ? nullptr : prefix);
+  // A name without prefix is in no namespace, whatever default the document declares.
+  if (node_ == nullptr || *prefix == u'\0') return nullptr;
+  const XMLCh* uri = node_->lookupNamespaceURI(prefix);
   return uri == nullptr || *uri == u'\0' ? nullptr : uri;
 }
 
@@ -63,7 +63,7 @@ const XMLCh* RecordedBindings::lookupNamespaceURI(const XMLCh* prefix) const {
     if (binding.prefix == prefix) return textOf(binding.uri);
   }
   if (source_ == nullptr) return nullptr;
-  bindings_.push_back({prefix, lookUp(source_, prefix)});
+  bindings_.push_back({prefix, lookUp(*source_, prefix)});
   return textOf(bindings_.back().uri);
 }
 
@@ -74,9 +74,9 @@ const XMLCh* RecordedBindings::lookupPrefix(const XMLCh* uri) const {
   return nullptr;
 }
 
-bool RecordedBindings::matches(const xercesc::DOMXPathNSResolver* resolver) const {
-  return std::all_of(bindings_.begin(), bindings_.end(), [resolver](const Binding& binding) {
-    const XMLCh* uri = resolver == nullptr ? nullptr : resolver->lookupNamespaceURI(binding.prefix.c_str());
+bool RecordedBindings::matches(const xercesc::DOMXPathNSResolver& resolver) const {
+  return std::all_of(bindings_.begin(), bindings_.end(), [&resolver](const Binding& binding) {
+    const XMLCh* uri = resolver.lookupNamespaceURI(binding.prefix.c_str());
     return uri == nullptr ? !binding.uri : binding.uri && *binding.uri == uri;
   });
 }

@@ -9,7 +9,8 @@
 
 namespace MXF::Tessel::XMLUtils::XPath {
 
-/// A resolver that a document makes: bindings added by hand, then those in scope at a node.
+/// A resolver that a document makes: bindings added by hand, then those in scope at a node but for the default
+/// namespace.
 class NodeBindings : public xercesc::DOMXPathNSResolver {
  public:
   /// @param node   may be null; outlives this object.
@@ -45,8 +46,8 @@ class NodeBindings : public xercesc::DOMXPathNSResolver {
 /// The bindings that a query was compiled with: records what the compiler asks for, and answers the same ever after.
 class RecordedBindings : public xercesc::DOMXPathNSResolver {
  public:
-  /// @param source  asked while recording; may be null, which binds nothing.
-  explicit RecordedBindings(const xercesc::DOMXPathNSResolver* source) : source_(source) {}
+  /// @param source  asked while recording.
+  explicit RecordedBindings(const xercesc::DOMXPathNSResolver& source) : source_(&source) {}
 
   const XMLCh* lookupNamespaceURI(const XMLCh* prefix) const override;
   const XMLCh* lookupPrefix(const XMLCh* uri) const override;
@@ -56,7 +57,7 @@ class RecordedBindings : public xercesc::DOMXPathNSResolver {
   /// From now on the source is not asked any more; a prefix that was not recorded is unbound.
   void stopRecording() { source_ = nullptr; }
   /// Whether the resolver binds the recorded prefixes to the same URIs.
-  bool matches(const xercesc::DOMXPathNSResolver* resolver) const;
+  bool matches(const xercesc::DOMXPathNSResolver& resolver) const;
 
  private:
   struct Binding {

@@ -1,6 +1,7 @@
 #include "QueryCache.h"
 
 #include <xqilla/exceptions/XQillaException.hpp>
+#include <xqilla/functions/XQillaFunction.hpp>
 #include <xqilla/simple-api/XQilla.hpp>
 
 #include <functional>
@@ -16,6 +17,10 @@ constexpr std::size_t mostQueries = 128;
 
 }  // namespace
 
+QueryCache::QueryCache() {
+  noResolver_.addNamespaceBinding(u"xqilla", XQillaFunction::XMLChFunctionURI);
+}
+
 std::shared_ptr<DynamicContext> QueryCache::newContext() const {
   const auto configuration = configuration_;
   return {XQilla::createContext(XQilla::XPATH2, configuration.get()),
@@ -23,7 +28,7 @@ std::shared_ptr<DynamicContext> QueryCache::newContext() const {
 }
 
 std::shared_ptr<CompiledQuery> QueryCache::compile(std::u16string_view text,
-                                                   const xercesc::DOMXPathNSResolver* resolver) {
+                                                   const xercesc::DOMXPathNSResolver& resolver) {
   if (!sharedContext_) sharedContext_ = newContext();
   try {
     // Nearly all queries do without the default modules, whose import costs ten times the rest, and can share a
@@ -35,24 +40,25 @@ std::shared_ptr<CompiledQuery> QueryCache::compile(std::u16string_view text,
   }
 }
 
-std::size_t QueryCache::stampOf(const xercesc::DOMXPathNSResolver* resolver) const {
-  const auto* bindings = dynamic_cast<const NodeBindings*>(resolver);
+std::size_t QueryCache::stampOf(const xercesc::DOMXPathNSResolver& resolver) const {
+  const auto* bindings = dynamic_cast<const NodeBindings*>(&resolver);
   return bindings != nullptr && bindings->isStampedBy(clock_) ? bindings->stamp() : 0;
 }
 
 std::shared_ptr<CompiledQuery> QueryCache::query(const XMLCh* text, const xercesc::DOMXPathNSResolver* resolver) {
+  const xercesc::DOMXPathNSResolver& bindings = resolver == nullptr ? noResolver_ : *resolver;
   const std::u16string_view textView(text);
   const std::size_t hash = std::hash<std::u16string_view>()(textView);
-  const std::size_t stamp = stampOf(resolver);
+  const std::size_t stamp = stampOf(bindings);
   const auto [first, last] = queries_.equal_range(hash);
   for (auto entry = first; entry != last; ++entry) {
-    if (entry->second->isFor(textView, resolver, stamp)) return entry->second;
+    if (entry->second->isFor(textView, bindings, stamp)) return entry->second;
   }
   if (queries_.size() >= mostQueries) {
     queries_.clear();
     sharedContext_.reset();
   }
-  std::shared_ptr<CompiledQuery> query = compile(textView, resolver);
+  std::shared_ptr<CompiledQuery> query = compile(textView, bindings);
   queries_.emplace(hash, query);
   return query;
 }

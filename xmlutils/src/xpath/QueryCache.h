@@ -15,11 +15,11 @@ namespace MXF::Tessel::XMLUtils::XPath {
 /// is compiled once for the bindings that it uses. Used by one thread at a time.
 class QueryCache {
  public:
-  QueryCache() = default;
+  QueryCache();
   QueryCache(const QueryCache&) = delete;
   QueryCache& operator=(const QueryCache&) = delete;
 
-  /// The query for the text under the resolver; null binds no prefix.
+  /// The query for the text under the resolver; null binds only the prefixes that XQilla knows by itself.
   /// @throws XQillaException  it does not compile.
   std::shared_ptr<CompiledQuery> query(const XMLCh* text, const xercesc::DOMXPathNSResolver* resolver);
 
@@ -27,15 +27,16 @@ class QueryCache {
   std::size_t& clock() { return clock_; }
 
  private:
-  std::shared_ptr<CompiledQuery> compile(std::u16string_view text, const xercesc::DOMXPathNSResolver* resolver);
+  std::shared_ptr<CompiledQuery> compile(std::u16string_view text, const xercesc::DOMXPathNSResolver& resolver);
   std::shared_ptr<DynamicContext> newContext() const;
-  std::size_t stampOf(const xercesc::DOMXPathNSResolver* resolver) const;
+  std::size_t stampOf(const xercesc::DOMXPathNSResolver& resolver) const;
 
   // Outlives the contexts, which refer to it: queries in use keep their context, and it keeps this.
   std::shared_ptr<XercesConfiguration> configuration_ = std::make_shared<XercesConfiguration>();
   std::shared_ptr<DynamicContext> sharedContext_;
   std::unordered_multimap<std::size_t, std::shared_ptr<CompiledQuery>> queries_;  // by hash of the text
   std::size_t clock_ = 0;
+  NodeBindings noResolver_{nullptr, clock_};  // the prefixes that XQilla knows by itself
 };
 
 }  // namespace MXF::Tessel::XMLUtils::XPath

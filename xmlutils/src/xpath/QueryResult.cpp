@@ -9,6 +9,7 @@
 #include <xqilla/functions/FunctionNumber.hpp>
 #include <xqilla/items/ATBooleanOrDerived.hpp>
 #include <xqilla/items/AnyAtomicType.hpp>
+#include <xqilla/items/Node.hpp>
 #include <xqilla/items/Numeric.hpp>
 #include <xqilla/xerces/XercesConfiguration.hpp>
 
@@ -75,7 +76,8 @@ void QueryResult::release() {
 }
 
 const Item& QueryResult::currentItem() const {
-  if (current_.isNull()) throw XQillaException(DOMException::INVALID_STATE_ERR, u"There is no current result.");
+  if (current_.isNull())
+    throw XQillaException(DOMException::INVALID_STATE_ERR, u"There is no current result in the result");
   return *current_;
 }
 
@@ -85,12 +87,15 @@ bool QueryResult::isNode() const {
 
 DOMNode* QueryResult::getNodeValue() const {
   const Item& item = currentItem();
-  if (!item.isNode()) throw XQillaException(DOMXPathException::TYPE_ERR, u"The current result is not a node.");
+  if (!item.isNode()) throw XQillaException(DOMXPathException::TYPE_ERR, u"The requested result is not a node");
   return static_cast<DOMNode*>(item.getInterface(XercesConfiguration::gXerces));
 }
 
 const XMLCh* QueryResult::getStringValue() const {
-  return translatingErrors([this] { return currentItem().asString(context_.get()); });
+  const Item& item = currentItem();
+  return translatingErrors([&] {
+    return item.isNode() ? static_cast<const Node&>(item).dmStringValue(context_.get()) : item.asString(context_.get());
+  });
 }
 
 double QueryResult::getNumberValue() const {
@@ -104,14 +109,15 @@ int QueryResult::getIntegerValue() const {
 }
 
 bool QueryResult::getBooleanValue() const {
-  if (!currentItem().isAtomicValue()) {
-    throw XQillaException(DOMXPathException::TYPE_ERR, u"The current result is no boolean value.");
-  }
-  return translatingErrors([this] {
-    const auto& value = static_cast<const AnyAtomicType&>(*current_);
+  const Item& item = currentItem();
+  try {
+    const auto& value = dynamic_cast<const AnyAtomicType&>(item);
     const AnyAtomicType::Ptr boolean = value.castAs(AnyAtomicType::BOOLEAN, context_.get());
     return static_cast<const ATBooleanOrDerived&>(*boolean).isTrue();
-  });
+  } catch (const XQException&) {
+  } catch (const std::bad_cast&) {
+  }
+  throw XQillaException(DOMXPathException::TYPE_ERR, u"Cannot convert result to a boolean");
 }
 
 bool QueryResult::getInvalidIteratorState() const {
