@@ -1,17 +1,21 @@
-# Installation: libraries, headers, the CMake package and the pkg-config file.
+# Installation: libraries, headers, the tool, the schemas, the CMake package and the pkg-config files. What is installed
+# may be moved as a whole: everything finds the rest from its own place.
 
 include(CMakePackageConfigHelpers)
 
-install(TARGETS tesselmxf_model tesselmxf_xmlutils tesselmxf_loader EXPORT TesselMXFTargets
-  RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
+set(libraries tesselmxf_model tesselmxf_xmlutils tesselmxf_loader)
+install(TARGETS ${libraries} EXPORT TesselMXFTargets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-  ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   FILE_SET HEADERS DESTINATION "${TESSELMXF_INSTALL_INCLUDEDIR}")
+set_target_properties(${libraries} PROPERTIES INSTALL_RPATH "\$ORIGIN")
 if(TESSELMXF_BUILD_TOOLS)
   install(TARGETS mxf-metadict RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+  file(RELATIVE_PATH libraries_from_tool "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
+  set_target_properties(mxf-metadict PROPERTIES INSTALL_RPATH "\$ORIGIN/${libraries_from_tool}")
 endif()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/schemas/registry" "${PROJECT_SOURCE_DIR}/schemas/urn"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/tesselmxf/schemas")
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/TesselMXF")
 install(EXPORT TesselMXFTargets NAMESPACE TesselMXF:: DESTINATION "${package_dir}")
@@ -22,5 +26,13 @@ install(FILES "${PROJECT_BINARY_DIR}/TesselMXFConfig.cmake" "${PROJECT_BINARY_DI
               "${PROJECT_SOURCE_DIR}/cmake/FindXQilla.cmake"
   DESTINATION "${package_dir}")
 
-configure_file("${PROJECT_SOURCE_DIR}/cmake/tesselmxf.pc.in" "${PROJECT_BINARY_DIR}/tesselmxf.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/tesselmxf.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+set(pkgconfig_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+file(RELATIVE_PATH prefix_from_pkgconfig "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+string(REGEX REPLACE "/$" "" prefix_from_pkgconfig "${prefix_from_pkgconfig}")
+cmake_path(APPEND pkgconfig_prefix "\${pcfiledir}" "${prefix_from_pkgconfig}")
+cmake_path(APPEND pkgconfig_libdir "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
+cmake_path(APPEND pkgconfig_includedir "\${prefix}" "${TESSELMXF_INSTALL_INCLUDEDIR}")
+foreach(name tesselmxf tesselmxf-xmlutils)
+  configure_file("${PROJECT_SOURCE_DIR}/cmake/${name}.pc.in" "${PROJECT_BINARY_DIR}/${name}.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/${name}.pc" DESTINATION "${pkgconfig_dir}")
+endforeach()
