@@ -247,7 +247,7 @@ TEST_F(Documents, RootAttributesAndADocumentWithoutRoot) {
 
 TEST(DocumentAccess, ASchemaThatDoesNotBindXsFailsAtEachBoundaryInItsWayEachTime) {
   const std::string unbound = "<schema xmlns='http://www.w3.org/2001/XMLSchema' targetNamespace='urn:SMPTE:S377M'/>";
-  const std::string text = "No namespace for prefix 'xs' [err:XPST0081] at :1:1";
+  const std::string text = "No namespace for prefix 'xs' [err:XPST0081] at :1:2";
   LoadSession session;
   const std::string path = session.folder.write("unbound.xsd", unbound);
   EXPECT_EQ(outcomeOf([&] { session.loader.loadMultiplex(wide(path)); }), "ok");

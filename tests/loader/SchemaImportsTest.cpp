@@ -3,7 +3,6 @@
 #include "MetaMetadata/XSDLoaderImpl/SchemaImports.h"
 #include "SchemeSession.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -54,8 +53,6 @@ void expectResult(const char* what, const std::vector<File>& files, const Schema
   std::string result = session.setsAfter(scheme);
   const std::string folder = session.folder.path("");
   if (const std::size_t at = result.find(folder); at != std::string::npos) result.replace(at, folder.size(), "F/");
-  result.resize(
-      std::min(result.find(" at :"), result.size()));  // where in a query a fault is, is the library's business
   EXPECT_EQ(result, expected) << what;
 }
 
@@ -151,7 +148,7 @@ TEST(Imports, MakeTheirBindingsThoseOfLaterQueries) {
     return text.insert(text.find(' '), " xmlns:xs='urn:other'");
   };
   expectResult("xs not bound", {{"b.xsd", withoutXs(baseDocument())}}, scheme("b:Base", importsB),
-               "XQillaException: No namespace for prefix 'xs' [err:XPST0081]");
+               "XQillaException: No namespace for prefix 'xs' [err:XPST0081] at :1:2");
   expectResult("xs bound otherwise: nothing is found there", {{"b.xsd", rebound(baseDocument())}},
                scheme("b:Base", importsB), noBase);
   expectResult(

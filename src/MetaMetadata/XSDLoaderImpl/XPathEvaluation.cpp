@@ -7,6 +7,8 @@
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMXPathExpression.hpp>
 
+#include <string>
+
 namespace MXF::Tessel::MetaMetadata::Loading {
 
 using Templates::WideString;
@@ -20,32 +22,40 @@ using xercesc::DOMXPathExpression;
 using xercesc::DOMXPathNSResolver;
 using xercesc::DOMXPathResult;
 
-/// A query that begins at the root ("/xs:schema/...") as one that begins at its context node, when that is the root:
-/// the same nodes in the same order. XQilla takes the result of a path from "/" as unordered and sorts it by comparing
-/// positions sibling by sibling, in time quadratic in the number of declarations; a relative path it knows to be in
-/// order.
-const XMLCh* relativeToRoot(const DOMNode& context, const XMLCh* query) {
+/// Whether the query begins at the root ("/xs:schema/...") and its context node is the root.
+bool isPathFromRoot(const DOMNode& context, const XMLCh* query) {
   const bool isRoot = context.getNodeType() == DOMNode::DOCUMENT_NODE;
-  const bool isChildPath = query[0] == u'/' && query[1] != u'/' && query[1] != u'\0';
-  return isRoot && isChildPath ? query + 1 : query;
+  return isRoot && query[0] == u'/' && query[1] != u'/' && query[1] != u'\0';
+}
+
+xercesc::DOMXPathEvaluator& documentOf(DOMNode& context) {
+  if (context.getNodeType() == DOMNode::DOCUMENT_NODE) return dynamic_cast<xercesc::DOMDocument&>(context);
+  return *context.getOwnerDocument();
+}
+
+/// Evaluated on the root, a path from the root is evaluated as one from its context node: the same nodes in the same
+/// order. XQilla takes the result of a path from "/" as unordered and sorts it by comparing positions sibling by
+/// sibling, in time quadratic in the number of declarations; a relative path it knows to be in order. The "/" becomes a
+/// blank, so that positions in XQilla's messages stay those of the query's text.
+DOMXPathExpression* createExpression(DOMNode& context, const XMLCh* query, const DOMXPathNSResolver* resolver) {
+  xercesc::DOMXPathEvaluator& evaluator = documentOf(context);
+  if (!isPathFromRoot(context, query)) return evaluator.createExpression(query, resolver);
+  std::u16string relativeQuery(query);
+  relativeQuery.front() = u' ';
+  return evaluator.createExpression(relativeQuery.c_str(), resolver);
 }
 
 /// An expression and its result on one context node, released together at the end of the scope.
 class Evaluation {
  public:
   Evaluation(DOMNode& context, const XMLCh* query, const DOMXPathNSResolver* resolver, DOMXPathResult::ResultType type)
-      : expression_(documentOf(context).createExpression(relativeToRoot(context, query), resolver)),
+      : expression_(createExpression(context, query, resolver)),
         result_(expression_->evaluate(&context, type, nullptr)) {}
 
   DOMXPathResult* operator->() const { return result_.get(); }
   DOMXPathResult* get() const { return result_.get(); }
 
  private:
-  static xercesc::DOMXPathEvaluator& documentOf(DOMNode& context) {
-    if (context.getNodeType() == DOMNode::DOCUMENT_NODE) return dynamic_cast<xercesc::DOMDocument&>(context);
-    return *context.getOwnerDocument();
-  }
-
   Released<DOMXPathExpression> expression_;
   Released<DOMXPathResult> result_;
 };
