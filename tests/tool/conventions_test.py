@@ -1,0 +1,153 @@
+"""Command line, exit statuses and the standard streams."""
+import fcntl
+import os
+import re
+import signal
+import struct
+import subprocess
+import termios
+import time
+import unittest
+
+from support import ToolTest, attribute, dictionary, element, group, scheme
+
+WRONG_USAGE = [
+    ([], "subcommand"),
+    (["frobnicate"], ""),
+    (["--frobnicate"], ""),
+    (["dump"], "--dictionary or --scheme"),
+    (["dump", "--multiplex", "m.xsd"], "--dictionary or --scheme"),
+    (["dump", "--dictionary"], "--dictionary"),
+    (["dump", "--dictionary", "d.xsd", "more.xsd"], "more.xsd"),
+    (["dump", "--dictionary", "d.xsd", "--frobnicate"], "--frobnicate"),
+    (["dump", "--dictionary", "d.xsd", "--format", "xml"], "--format"),
+    (["dump", "--dictionary", "d.xsd", "--multiplex", "m.xsd", "--multiplex", "n.xsd"], "--multiplex"),
+    (["dump", "--dictionary", "d.xsd", "--output", "o", "--output", "p"], "--output"),
+]
+
+
+class CommandLine(ToolTest):
+    def test_wrong_usage(self):
+        self.write("d.xsd", dictionary(element(1)))
+        for arguments, named in WRONG_USAGE:
+            with self.subTest(arguments):
+                status, output, errors = self.run_tool(*arguments)
+                self.assertEqual((status, output), (2, b""))
+                for line in errors.decode().splitlines():
+                    self.assertTrue(line.startswith("mxf-metadict: "), line)
+                self.assertIn(named, errors.decode())
+        self.assertEqual(os.listdir(self.folder), ["d.xsd"])
+
+    def test_help_and_version(self):
+        for arguments in (["--help"], ["dump", "--help"]):
+            with self.subTest(arguments):
+                status, output, errors = self.run_tool(*arguments)
+                self.assertEqual((status, errors), (0, b""))
+                self.assertIn("Examples:\n  mxf-metadict dump --", output.decode())
+                self.assertLessEqual(max(map(len, output.decode().splitlines())), 100)
+        _, output, _ = self.run_tool("dump", "--help")
+        for option in ("--format", "--output", "--multiplex", "--abstract-groups", "--documentation",
+                       "--length-description", "--keep-going", "--dictionary", "--scheme"):
+            self.assertIn(f"  {option} ", output.decode())
+        version = f"mxf-metadict {os.environ['MXF_METADICT_VERSION']}\n".encode()
+        self.assertEqual(self.run_tool("--version"), (0, version, b""))
+
+
+class ErrorLines(ToolTest):
+    """mxf-metadict: FILE: Class (code): message, and nothing on the standard output."""
+
+    NO_XS_PREFIX = ('<s:schema xmlns:s="http://www.w3.org/2001/XMLSchema" xmlns:g="urn:x:groups" '
+                    'targetNamespace="urn:x:groups"/>')
+
+    def check(self, arguments, pattern):
+        status, output, errors = self.run_tool("dump", *arguments)
+        self.assertEqual((status, output), (1, b""))
+        self.assertRegex(errors.decode(), re.compile(rf"\Amxf-metadict: {pattern}\n\Z"))
+
+    def test_classes_and_codes(self):
+        self.write("malformed.xsd", "<xs:schema\n")
+        self.write("none.xsd", self.NO_XS_PREFIX)
+        self.write("other.xsd", "<m xmlns='urn:x' targetNamespace='urn:x:other'/>")
+        self.write("twice.xsd", dictionary(element(1, "A"), element(1, "B")))
+        cases = [
+            ("--dictionary", "absent.xsd", r"IOError \(26\): absent\.xsd file Not Found!"),
+            ("--dictionary", "malformed.xsd", r"ParseError \(33\): malformed\.xsd:\d+:\d+: .+"),
+            ("--dictionary", "none.xsd", r"ParseError \(33\): XQillaException:: .+"),
+            ("--dictionary", "twice.xsd", r"MetaElementAlreadyLoaded \(44\): .+"),
+            ("--scheme", "none.xsd", r"XQillaException: .+"),  # no code: it is none of our own exceptions
+        ]
+        for option, name, expected in cases:
+            with self.subTest(expected):
+                self.check([option, name], rf"{re.escape(name)}: {expected}")
+        self.check(["--multiplex", "other.xsd", "--dictionary", "absent.xsd"],
+                   r"other\.xsd: InvalidValue \(16\): Unknown targetNamespace in multiplex file\.")
+
+    def test_a_message_of_many_lines_is_one_line(self):
+        self.write("d.xsd", dictionary(element(1, "A")))
+        self.write("s.xsd", scheme(group(1, "G", attribute("A", status="a\nb\u2028c\u00e9\u0085d"))))
+        self.check(["--dictionary", "d.xsd", "--scheme", "s.xsd"],
+                   r"s\.xsd: InvalidValue \(16\): Unknown required status: a b cé d")
+
+    def test_nothing_is_loaded_after_a_failure(self):
+        self.write("malformed.xsd", "<")
+        self.check(["--dictionary", "absent.xsd", "--dictionary", "malformed.xsd"], r"absent\.xsd: IOError .*")
+
+
+class StandardStreams(ToolTest):
+    """Output that did not arrive is a failure."""
+
+    def setUp(self):
+        super().setUp()
+        self.write("d.xsd", dictionary(*(element(n, f"E{n}") for n in range(1, 9))))
+        self.arguments = ["dump", "--dictionary", "d.xsd"]
+
+    def check(self, arguments, error, **options):
+        status, _, errors = self.run_tool(*arguments, **options)
+        self.assertEqual(status, 1)
+        self.assertEqual(errors.decode(), f"mxf-metadict: standard output: {error}\n")
+
+    def test_full_device(self):
+        with open("/dev/full", "wb") as full:
+            self.check(self.arguments, "No space left on device", stdout=full)
+            self.check(["--help"], "No space left on device", stdout=full)
+
+    def test_closed_output(self):
+        self.check(self.arguments, "Bad file descriptor", preexec_fn=lambda: os.close(1))
+
+    def test_reader_that_is_gone(self):
+        reader, writer = os.pipe()
+        os.close(reader)
+        try:
+            self.check(self.arguments, "Broken pipe", stdout=writer,
+                       preexec_fn=lambda: signal.signal(signal.SIGPIPE, signal.SIG_IGN), restore_signals=False)
+        finally:
+            os.close(writer)
+
+    def waiting(self, reader):
+        """How many bytes can be read from a pipe."""
+        return struct.unpack("i", fcntl.ioctl(reader, termios.FIONREAD, bytes(4)))[0]
+
+    def test_reader_that_is_slower_than_a_non_blocking_pipe(self):
+        self.write("many.xsd", dictionary(*(element(n, f"E{n}") for n in range(1, 2000))))
+        reader, writer = os.pipe()
+        os.set_blocking(writer, False)
+        tool = subprocess.Popen([os.environ["MXF_METADICT"], "dump", "--dictionary", "many.xsd"], cwd=self.folder,
+                                stdout=writer)
+        capacity = fcntl.fcntl(writer, fcntl.F_GETPIPE_SZ)
+        os.close(writer)
+        while tool.poll() is None and self.waiting(reader) < capacity:
+            time.sleep(0.01)
+        with open(reader, "rb") as output:
+            text = output.read()
+        self.assertEqual(tool.wait(timeout=60), 0)
+        self.assertEqual(text.count(b"\n  06."), 1999)
+
+    def test_messages_do_not_get_into_the_output_when_there_is_no_error_stream(self):
+        status, _, _ = self.run_tool("dump", "--format", "json", "--keep-going", "--output", "o.json", "--dictionary",
+                                     "absent.xsd", preexec_fn=lambda: os.close(2))
+        self.assertEqual(status, 1)
+        self.assertTrue((self.folder / "o.json").read_text().startswith("{\n"))
+
+
+if __name__ == "__main__":
+    unittest.main()

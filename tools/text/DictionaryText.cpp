@@ -1,0 +1,111 @@
+// The dictionary as tables for people. Entry point: dictionaryText(); all else is local. The tree of sets has a file of
+// its own.
+
+#include "text/DictionaryText.h"
+
+#include "text/ElementText.h"
+#include "text/SetText.h"
+#include "text/TextLayout.h"
+#include "text/TextTable.h"
+#include "text/Unicode.h"
+
+#include <MetaMetadata/PropertyKeys.h>
+#include <Utils/TextConversion.h>
+
+#include <string_view>
+
+namespace MXF::Tessel::Tool {
+
+using MetaMetadata::Dictionary;
+using MetaMetadata::MetaElement;
+
+namespace PropertyKeys = MetaMetadata::PropertyKeys;
+
+namespace {
+
+constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
+
+void appendLoads(std::string& page, const std::vector<LoadRecord>& loads) {
+  TextTable table({{U"Kind"}, {U"File", true}, {U"Result", true}});
+  for (const LoadRecord& load : loads) {
+    std::vector<std::u32string> notes;
+    if (load.failure) notes.push_back(withoutExtraBlanks(printable(load.failure->message)));
+    table.addRow({fromAscii(fileKindName(load.file.kind)), printable(Utils::stringToWstring(load.file.path.c_str())),
+                  load.failure ? fromAscii(load.failure->className) : U"loaded"},
+                 notes);
+  }
+  appendHeading(page, U"Files", loads.size());
+  table.appendTo(page);
+}
+
+void appendElements(std::string& page, const Dictionary& dictionary) {
+  TextTable table({{U"Label"}, {U"Type", true}, {U"Name", true}});
+  std::size_t count = 0;
+  for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry, ++count) {
+    const MetaElement& element = *entry->second;
+    table.addRow({printable(entry->first.toString(textForm)), typeText(element, dictionary), nameText(element)},
+                 noteTexts(element));
+  }
+  appendHeading(page, U"Elements", count);
+  table.appendTo(page);
+}
+
+void appendLocalTags(std::string& page, const Dictionary& dictionary) {
+  TextTable table({{U"Tag"}, {U"Label"}, {U"Name", true}});
+  for (const auto& [tag, label] : dictionary.localTags()) {
+    const MetaElement* element = dictionary.findMetaElement(label);
+    table.addRow({printable(tag.toString(textForm)), printable(label.toString(textForm)),
+                  element == nullptr ? std::u32string() : nameText(*element)});
+  }
+  appendHeading(page, U"Local tags", dictionary.localTags().size());
+  table.appendTo(page);
+}
+
+struct PendingReference {
+  std::u32string setName;
+  std::u32string namespaceUri;
+};
+
+/// The items of the property, each "[name,namespace URI];". What is not of that form is passed over.
+std::vector<PendingReference> pendingReferences(const MetaElement& element) {
+  const std::u32string text = propertyText(element, PropertyKeys::unresolvedSetReferences);
+  std::u32string_view rest = text;
+  std::vector<PendingReference> references;
+  for (std::size_t end = rest.find(U';'); end != std::u32string_view::npos; end = rest.find(U';')) {
+    const std::u32string_view item = rest.substr(0, end);
+    rest.remove_prefix(end + 1);
+    const std::size_t comma = item.find(U',');
+    if (comma == std::u32string_view::npos || item.front() != U'[' || item.back() != U']') continue;
+    references.push_back(
+        {std::u32string(item.substr(1, comma - 1)), std::u32string(item.substr(comma + 1, item.size() - comma - 2))});
+  }
+  return references;
+}
+
+void appendUnresolvedReferences(std::string& page, const Dictionary& dictionary) {
+  TextTable table({{U"Element", true}, {U"Set", true}, {U"Namespace", true}});
+  std::size_t count = 0;
+  for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry) {
+    for (const PendingReference& reference : pendingReferences(*entry->second)) {
+      table.addRow({nameText(*entry->second), reference.setName, reference.namespaceUri});
+      ++count;
+    }
+  }
+  appendHeading(page, U"Unresolved references", count);
+  table.appendTo(page);
+}
+
+}  // namespace
+
+std::string dictionaryText(const LoadOutcome& outcome) {
+  std::string page;
+  appendParagraph(page, 0, U"Multiplex namespace: " + printable(outcome.targetNamespace));
+  appendLoads(page, outcome.loads);
+  appendElements(page, outcome.dictionary);
+  appendSets(page, outcome.dictionary);
+  appendLocalTags(page, outcome.dictionary);
+  appendUnresolvedReferences(page, outcome.dictionary);
+  return page;
+}
+
+}  // namespace MXF::Tessel::Tool

@@ -1,0 +1,67 @@
+#include "text/TextTable.h"
+
+#include "text/TextLayout.h"
+#include "text/Unicode.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace MXF::Tessel::Tool {
+
+namespace {
+
+constexpr std::size_t rowIndent = 2;
+constexpr std::size_t noteIndent = 6;
+constexpr std::size_t narrowestColumn = 8;
+
+std::vector<PlacedText> placed(const std::vector<std::u32string>& cells, const std::vector<std::size_t>& widths) {
+  std::vector<PlacedText> row;
+  std::size_t column = rowIndent;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    row.push_back({column, widths[i], cells[i]});
+    column += widths[i] + columnGap;
+  }
+  return row;
+}
+
+}  // namespace
+
+void TextTable::addRow(std::vector<std::u32string> cells, std::vector<std::u32string> notes) {
+  rows_.push_back({std::move(cells), std::move(notes)});
+}
+
+std::vector<std::size_t> TextTable::columnWidths() const {
+  std::vector<std::size_t> widths;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    std::size_t width = columnsOf(columns_[i].title);
+    for (const Row& row : rows_) width = std::max(width, columnsOf(row.cells[i]));
+    widths.push_back(width);
+  }
+  const std::size_t available = pageWidth - rowIndent - columnGap * (widths.size() - 1);
+  while (std::accumulate(widths.begin(), widths.end(), std::size_t{0}) > available) {
+    std::size_t* widest = nullptr;
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+      const bool canShrink = columns_[i].mayWrap && widths[i] > narrowestColumn;
+      if (canShrink && (widest == nullptr || widths[i] > *widest)) widest = &widths[i];
+    }
+    if (widest == nullptr) break;
+    // A single very wide cell would take a step for each of its columns.
+    *widest = std::min(*widest - 1, available);
+  }
+  return widths;
+}
+
+void TextTable::appendTo(std::string& page) const {
+  if (rows_.empty()) return;
+  const std::vector<std::size_t> widths = columnWidths();
+  std::vector<std::u32string> titles;
+  for (const Column& column : columns_) titles.push_back(column.title);
+  appendRow(page, placed(titles, widths));
+  for (const Row& row : rows_) {
+    appendRow(page, placed(row.cells, widths));
+    for (const std::u32string& note : row.notes) appendParagraph(page, noteIndent, note);
+  }
+}
+
+}  // namespace MXF::Tessel::Tool

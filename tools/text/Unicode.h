@@ -1,0 +1,41 @@
+#pragma once
+
+#include <Templates/Containers.h>
+
+#include <string>
+#include <string_view>
+
+/// From the library's wide strings to UTF-8 bytes, and how many columns a text takes. Nothing here depends on the
+/// process locale.
+namespace MXF::Tessel::Tool {
+
+/// The code points of a text of UTF-16 code units. A lone surrogate, which is none, stands for itself.
+std::u32string codePoints(const Templates::WideString& text);
+
+bool isSurrogate(char32_t codePoint);
+
+/// UTF-8, except that a lone surrogate is written in the same way as its neighbours: as three bytes, the first ED hex,
+/// the second A0 hex or above, which well-formed UTF-8 never has.
+std::string encode(std::u32string_view text);
+
+/// The text with all that would disturb a terminal or a layout taken out: control characters become blanks, lone
+/// surrogates U+FFFD.
+std::u32string printable(std::u32string text);
+
+/// The printable code points of a text.
+inline std::u32string printable(const Templates::WideString& text) {
+  return printable(codePoints(text));
+}
+
+/// Columns that a code point takes in a terminal: 0 for combining and invisible ones, 2 for wide ones (Unicode Standard
+/// Annex 11), else 1.
+std::size_t columnsOf(char32_t codePoint);
+std::size_t columnsOf(std::u32string_view text);
+
+/// A decimal number.
+std::u32string decimal(std::size_t number);
+
+/// A text of ASCII characters.
+std::u32string fromAscii(std::string_view text);
+
+}  // namespace MXF::Tessel::Tool
