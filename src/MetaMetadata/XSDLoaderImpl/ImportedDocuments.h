@@ -9,29 +9,28 @@ namespace MXF::Tessel::MetaMetadata::Loading {
 
 /// A document that was loaded because another one imports it. Document and resolver belong to the parser.
 struct ImportedDocument {
-  Templates::WideString path;  ///< As it was loaded.
   xercesc::DOMDocument* document;
   xercesc::DOMXPathNSResolver* nsResolver;
 };
 
-/// The imported documents of a loader, in the order in which they were loaded. Only ever grows.
+/// The imported documents of a loader. Only ever grows.
 class ImportedDocuments {
  public:
-  void add(const ImportedDocument& imported) { documents_.push_back(imported); }
+  using Documents = Templates::vector<xercesc::DOMDocument*>;
+
+  /// @param path  as it was loaded.
+  void add(const Templates::WideString& path, const ImportedDocument& imported);
 
   /// The document loaded from exactly this path, or null.
-  const ImportedDocument* find(const Templates::WideString& path) const {
-    for (const ImportedDocument& imported : documents_) {
-      if (imported.path == path) return &imported;
-    }
-    return nullptr;
-  }
+  const ImportedDocument* find(const Templates::WideString& path) const;
 
-  auto begin() const { return documents_.begin(); }
-  auto end() const { return documents_.end(); }
+  /// The documents with this target namespace, in the order in which they were loaded.
+  /// @throws Exceptions::SchemeDataMissingException  any of all the documents has no target namespace.
+  const Documents& ofNamespace(const Templates::WideString& namespaceUri) const;
 
  private:
-  Templates::vector<ImportedDocument> documents_;
+  Templates::map<Templates::WideString, ImportedDocument> byPath_;
+  Templates::map<Templates::WideString, Documents> byNamespace_;  // those without are under the empty text
 };
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

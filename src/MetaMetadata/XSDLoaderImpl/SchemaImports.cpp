@@ -14,12 +14,7 @@ namespace {
 
 DOMDocument* findAmongLoadedImports(XSDLoaderImplData& data, const WideString& typeName,
                                     const WideString& namespaceUri) {
-  // All candidates first: an import without target namespace fails the look-up even if an earlier one has the type.
-  Templates::vector<DOMDocument*> candidates;
-  for (const ImportedDocument& imported : data.importedDocuments) {
-    if (targetNamespaceOf(*imported.document) == namespaceUri) candidates.push_back(imported.document);
-  }
-  for (DOMDocument* candidate : candidates) {
+  for (DOMDocument* candidate : data.importedDocuments.ofNamespace(namespaceUri)) {
     if (findComplexType(data, *candidate, typeName) != nullptr) return candidate;
   }
   return nullptr;
@@ -33,7 +28,7 @@ DOMDocument* loadImport(XSDLoaderImplData& data, const WideString& path) {
     return imported->document;
   }
   DOMDocument* document = loadDocument(data, path);
-  data.importedDocuments.add({path, document, data.nsResolver});
+  data.importedDocuments.add(path, {document, data.nsResolver});
   return document;
 }
 

@@ -1,0 +1,27 @@
+#include "ImportedDocuments.h"
+
+#include "DocumentAccess.h"
+
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+using Templates::WideString;
+
+void ImportedDocuments::add(const WideString& path, const ImportedDocument& imported) {
+  byNamespace_[attributeOf(*imported.document->getDocumentElement(), u"targetNamespace")].push_back(imported.document);
+  byPath_.emplace(path, imported);
+}
+
+const ImportedDocument* ImportedDocuments::find(const WideString& path) const {
+  const auto entry = byPath_.find(path);
+  return entry == byPath_.end() ? nullptr : &entry->second;
+}
+
+const ImportedDocuments::Documents& ImportedDocuments::ofNamespace(const WideString& namespaceUri) const {
+  static const Documents none;
+  const auto nameless = byNamespace_.find(WideString());
+  if (nameless != byNamespace_.end()) targetNamespaceOf(*nameless->second.front());  // fails
+  const auto entry = byNamespace_.find(namespaceUri);
+  return entry == byNamespace_.end() ? none : entry->second;
+}
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading
