@@ -21,7 +21,7 @@ set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/TesselMXF")
 install(EXPORT TesselMXFTargets NAMESPACE TesselMXF:: DESTINATION "${package_dir}")
 configure_package_config_file("${PROJECT_SOURCE_DIR}/cmake/TesselMXFConfig.cmake.in"
   "${PROJECT_BINARY_DIR}/TesselMXFConfig.cmake" INSTALL_DESTINATION "${package_dir}")
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/TesselMXFConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/TesselMXFConfigVersion.cmake" COMPATIBILITY SameMinorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/TesselMXFConfig.cmake" "${PROJECT_BINARY_DIR}/TesselMXFConfigVersion.cmake"
               "${PROJECT_SOURCE_DIR}/cmake/FindXQilla.cmake"
   DESTINATION "${package_dir}")

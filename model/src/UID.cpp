@@ -83,33 +83,27 @@ Templates::auto_ptr<SimpleDataType> UUID::clone() const {
   return Templates::auto_ptr<SimpleDataType>(new UUID(*this));
 }
 
-UMID32::UMID32(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) {
+template <unsigned short byteCount>
+UMID<byteCount>::UMID(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) {
   if (!parseDottedOrPlain(text, bytes_)) rejectText(L"Invalid UMID: ", text);
 }
-UMID32::~UMID32() = default;
-void UMID32::accept(Visitors::NonConstVisitor& visitor) {
+template <unsigned short byteCount>
+UMID<byteCount>::~UMID() = default;
+template <unsigned short byteCount>
+void UMID<byteCount>::accept(Visitors::NonConstVisitor& visitor) {
   visitor.visit(*this);
 }
-void UMID32::accept(Visitors::Visitor& visitor) const {
+template <unsigned short byteCount>
+void UMID<byteCount>::accept(Visitors::Visitor& visitor) const {
   visitor.visit(*this);
 }
-Templates::auto_ptr<SimpleDataType> UMID32::clone() const {
-  return Templates::auto_ptr<SimpleDataType>(new UMID32(*this));
+template <unsigned short byteCount>
+Templates::auto_ptr<SimpleDataType> UMID<byteCount>::clone() const {
+  return Templates::auto_ptr<SimpleDataType>(new UMID(*this));
 }
 
-UMID64::UMID64(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) {
-  if (!parseDottedOrPlain(text, bytes_)) rejectText(L"Invalid UMID: ", text);
-}
-UMID64::~UMID64() = default;
-void UMID64::accept(Visitors::NonConstVisitor& visitor) {
-  visitor.visit(*this);
-}
-void UMID64::accept(Visitors::Visitor& visitor) const {
-  visitor.visit(*this);
-}
-Templates::auto_ptr<SimpleDataType> UMID64::clone() const {
-  return Templates::auto_ptr<SimpleDataType>(new UMID64(*this));
-}
+template class UMID<32>;
+template class UMID<64>;
 
 LocalTag::LocalTag(const wchar_t* text, StringRepresentationEncodingType /*encoding*/) {
   if (!parseDottedOrPlain(text, bytes_)) rejectText(L"Invalid local tag: ", text);

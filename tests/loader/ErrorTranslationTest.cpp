@@ -53,8 +53,14 @@ TEST(ErrorTranslation, EachBoundaryTakesItsClassesAndLetsTheOthersPass) {
       {throwing(std::runtime_error("T")), "runtime_error: T", "ParseError (33): Unknown error in Xerces or XQilla"},
   };
   for (const auto& [fault, atDocument, atPass] : cases) {
-    EXPECT_EQ(outcomeOf([&, action = fault] { translatingSaxErrors("x", action); }), atDocument);
+    EXPECT_EQ(outcomeOf([&, action = fault] { translatingSaxErrors("x", 1, action); }), atDocument);
     EXPECT_EQ(outcomeOf([&, action = fault] { translatingXmlErrors(action); }), atPass);
+  }
+  try {
+    translatingSaxErrors("Caller", 7, throwing(xercesc::SAXException(u"T")));
+    ADD_FAILURE();
+  } catch (const Exceptions::ParseError& e) {
+    EXPECT_EQ(narrow(e.what()), "T [Caller:7]");
   }
   EXPECT_EQ(outcomeOf([] { translatingXmlErrors([] { throw 1; }); }),
             "ParseError (33): Unknown error in Xerces or XQilla");

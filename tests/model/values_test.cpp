@@ -4,9 +4,9 @@
 
 #include <Types/Types.h>
 
-#include <climits>
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cwctype>
 #include <functional>
 #include <iterator>

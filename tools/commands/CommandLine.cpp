@@ -30,6 +30,14 @@ constexpr const char* footer =
     "  mxf-metadict dump --help\n"
     "      tells everything that dump can do";
 
+/// What was wrong with the command line, in a sentence, and where to read more.
+void reportWrongUsage(const CLI::App& tool, const CLI::ParseError& error) {
+  const bool isUnknownSubcommand = tool.get_subcommands().empty() && tool.remaining_size() != 0;
+  reportError(isUnknownSubcommand ? "no such subcommand: " + tool.remaining().front() : error.what());
+  const std::string name = tool.get_subcommands().empty() ? "" : " " + tool.get_subcommands().front()->get_name();
+  reportError("try 'mxf-metadict" + name + " --help'");
+}
+
 ExitStatus parseAndRun(CLI::App& tool, const Action& action, int argumentCount, const char* const* arguments) {
   try {
     tool.parse(argumentCount, arguments);
@@ -40,8 +48,7 @@ ExitStatus parseAndRun(CLI::App& tool, const Action& action, int argumentCount, 
     writeStandardOutput(std::string(version.what()) + '\n');
     return ExitStatus::Success;
   } catch (const CLI::ParseError& error) {
-    reportError(error.what());
-    reportError("try 'mxf-metadict --help'");
+    reportWrongUsage(tool, error);
     return ExitStatus::WrongUsage;
   }
   return action();

@@ -33,13 +33,12 @@ namespace {
 using Templates::WideString;
 using FileContent = Templates::vector<XMLByte>;
 
-// A schema of a few thousand declarations uses no entity at all; entity bombs need millions of expansions.
+// Schemas use few entities or none; a bomb of nested entities needs millions of expansions.
 constexpr XMLSize_t entityExpansionLimit = 10'000;
-constexpr std::size_t readSize = std::size_t{64} * 1024;
 
 class FileDescriptor {
  public:
-  explicit FileDescriptor(const char* path) : descriptor_(open(path, O_RDONLY | O_CLOEXEC)) {}
+  explicit FileDescriptor(const char* path) : descriptor_(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
   FileDescriptor(const FileDescriptor&) = delete;
   FileDescriptor& operator=(const FileDescriptor&) = delete;
   ~FileDescriptor() {
@@ -58,17 +57,18 @@ class FileDescriptor {
   throw Exceptions::IOError((WideString(path) + L": " + reason).c_str(), "DocumentLoading", __LINE__);
 }
 
-/// The whole file, or nothing when it cannot be opened or is a directory.
+/// The whole file, or nothing when it cannot be opened or is no regular file.
 std::optional<FileContent> readFile(const wchar_t* path) {
   const FileDescriptor file(Utils::wstringToString(path).c_str());
   if (!file.isOpen()) return std::nullopt;
   struct stat status {};
   if (fstat(file.get(), &status) != 0) throwReadError(path, errno);
-  if (S_ISDIR(status.st_mode)) return std::nullopt;
+  // A schema names the files that it imports; a pipe or a device may never answer, or never end.
+  if (!S_ISREG(status.st_mode)) return std::nullopt;
 
   FileContent content;
   // One byte more than the file has, so that its end shows without growing the buffer.
-  content.resize(S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) + 1 : readSize);
+  content.resize(static_cast<std::size_t>(status.st_size) + 1);
   std::size_t size = 0;
   while (true) {
     if (size == content.size()) content.resize(size * 2);

@@ -25,7 +25,9 @@ class XSDDictionaryLoader2Impl;
 /// file but the one given and the ones that it imports by location is ever opened, and nothing is ever fetched from a
 /// network.
 ///
-/// Every failure is an exception. After any failure the loader stays usable and keeps its flavour and options.
+/// Every failure is an exception. After any failure the loader stays usable and keeps its flavour and options. Beside the
+/// exceptions named at each operation, any may throw std::bad_alloc; one thrown inside the dictionary pass becomes
+/// Exceptions::ParseError "Unknown error in Xerces or XQilla".
 ///
 /// Threads: one loader, and the dictionary it fills, are used by one thread at a time. Loaders share nothing that
 /// changes after start-up, so different threads may use different loaders at the same time.
@@ -37,7 +39,8 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   ~XSDDictionaryLoader2();
   XSDDictionaryLoader2(const XSDDictionaryLoader2&) = delete;
   /// Copies flavour, installed queries, options and recorded namespace prefixes from the other loader; each loader
-  /// keeps its own parsers and documents. Assigning a loader to itself changes nothing.
+  /// keeps its own parsers and documents. loadMultiplex() is then allowed or refused as it is for the other. Assigning a
+  /// loader to itself changes nothing.
   XSDDictionaryLoader2& operator=(const XSDDictionaryLoader2& other);
 
   static void* operator new(std::size_t size);
@@ -56,8 +59,9 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   /// @param path  every backslash in it is read as a slash.
   /// @throws Exceptions::OperationNotAllowed  loadDictionary() or loadScheme() has been called: "loadMultiplex must be
   ///         called prior to loadDictionary or loadScheme".
-  /// @throws Exceptions::IOError       no such file, or a directory: the path with slashes, then " file Not Found!".
-  /// @throws Exceptions::ParseError    not well-formed: "PATH:LINE:COLUMN: " and the parser's text.
+  /// @throws Exceptions::IOError  the path, with slashes, names no regular file that can be opened: the path, then " file
+  ///         Not Found!"; or the file cannot be read: the path, then ": " and the system's reason.
+  /// @throws Exceptions::ParseError  not well-formed: "PATH:LINE:COLUMN: " and the parser's text.
   /// @throws Exceptions::InvalidValue  any other namespace, or none: "Unknown targetNamespace in multiplex file.".
   void loadMultiplex(const Templates::WideString& path);
 
@@ -66,17 +70,15 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   ///
   /// @param path        the schema document; its imports are not followed.
   /// @param dictionary  takes the elements. An exception that it throws itself leaves the elements before in it.
-  /// @throws Exceptions::IOError     no such file, or a directory: the path as given, then " file Not Found!".
+  /// @throws Exceptions::IOError  as of loadMultiplex(), with the path as given.
   /// @throws Exceptions::ParseError  not well-formed ("PATH:LINE:COLUMN: " and the parser's text), or the XML libraries
   ///         fail on it (the library's class and text), as they do on a schema that does not bind the prefix xs.
   /// @throws Exceptions::InvalidMetaElementDeclaration  a declaration has no label text, no registry name, a collection
-  /// no
-  ///         item type or item name, or no prefix is known for the target namespace.
-  /// @throws Exceptions::InvalidULDesignator          a label is not 47 characters of 16 hexadecimal bytes joined by
-  /// dots.
-  /// @throws Exceptions::MetaElementAlreadyLoaded     two declarations, or one and the dictionary, share a label.
-  /// @throws Exceptions::TypeNotSupportedException    a declaration has no known data type.
-  /// @throws Exceptions::SchemeDataMissingException   the schema has no target namespace.
+  ///         no item type or item name, or no prefix is known for the target namespace.
+  /// @throws Exceptions::InvalidULDesignator  a label is not 47 characters of 16 hexadecimal bytes joined by dots.
+  /// @throws Exceptions::MetaElementAlreadyLoaded  two declarations, or one and the dictionary, share a label.
+  /// @throws Exceptions::TypeNotSupportedException  a declaration has no known data type.
+  /// @throws Exceptions::SchemeDataMissingException  the schema has no target namespace.
   void loadDictionary(const Templates::WideString& path, Dictionary& dictionary);
 
   /// Reads the group declarations of a scheme schema: every top-level element with a group-key annotation. First the
@@ -85,22 +87,18 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   /// tags. No set is added unless all of them could be built; references that were resolved stay resolved.
   ///
   /// @param path        the schema document. Schemas that it imports are read when a base type has to be looked for
-  /// there;
-  ///                    their locations are relative to the directory of this path.
+  ///                    there; their locations are relative to the directory of this path.
   /// @param dictionary  holds the elements that the groups refer to, and takes the sets and local tags.
-  /// @throws Exceptions::IOError     no such file, or a directory; also of an import: the path, then " file Not
-  /// Found!".
+  /// @throws Exceptions::IOError  as of loadMultiplex(), with the path as given, or that of an import.
   /// @throws Exceptions::ParseError  the document itself is not well-formed. Any other failure of the XML libraries
   ///         reaches the caller as their own exception, such as SAXParseException for an import.
   /// @throws Exceptions::SchemeDataMissingException  no target namespace; a group without key; an attribute without
   ///         required status; a type or base type that is declared nowhere, or that is its own base.
-  /// @throws Exceptions::InvalidULDesignator            a key is not 47 characters of 16 hexadecimal bytes.
-  /// @throws Exceptions::MetaMetadataSetAlreadyLoaded   two groups, or one and the dictionary, share a key.
+  /// @throws Exceptions::InvalidULDesignator  a key is not 47 characters of 16 hexadecimal bytes.
+  /// @throws Exceptions::MetaMetadataSetAlreadyLoaded  two groups, or one and the dictionary, share a key.
   /// @throws Exceptions::InvalidMetaElementDeclaration  a group has no registry name, or no prefix is known for the
-  /// target
-  ///         namespace.
-  /// @throws Exceptions::NotFound      an attribute refers to an element that the dictionary does not hold, or an
-  /// element
+  ///         target namespace.
+  /// @throws Exceptions::NotFound  an attribute refers to an element that the dictionary does not hold, or an element
   ///         of the dictionary has no XML name.
   /// @throws Exceptions::InvalidValue  a required status, local tag or distinguished value that cannot be read.
   void loadScheme(const Templates::WideString& path, Dictionary& dictionary);

@@ -12,8 +12,8 @@ namespace MXF::Tessel::Exceptions {
 class TESSELMXF_MODEL_API BaseException {
  public:
   /// @param message     fixed English text, often followed by the offending name; not null, copied.
-  /// @param sourceFile  name of the source file of the throw site.
-  /// @param line        its line there.
+  /// @param sourceFile  name of the source file, or of the part of the library, that throws.
+  /// @param line        line of the throw site.
   BaseException(const wchar_t* message, const char* sourceFile, int line);
   /// The same with a narrow message (UTF-8), which is widened.
   BaseException(const char* message, const char* sourceFile, int line);

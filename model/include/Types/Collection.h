@@ -22,8 +22,7 @@ class TESSELMXF_MODEL_API Collection : public BaseType {
 
   /// Adds an item at the end and takes it over.
   /// @throws Exceptions::InvalidValue  the pointer is empty: "A collection cannot hold an empty item."; the collection
-  /// is
-  ///         unchanged.
+  ///         is unchanged.
   void append(Templates::auto_ptr<SimpleDataType> item);
 
   /// Size in bytes of one item, as given at construction; not checked against the items.

@@ -50,7 +50,7 @@ TESSELMXF_MODEL_API Identifier stringToIdentifier(const wchar_t* name);
 
 /// The name of a data type for people: the model's own name of the type, the same that the enumerator has.
 /// @return the zero-terminated name, valid for ever; "Unknown" for Identifier::Unknown and numbers outside the
-/// enumeration.
+///         enumeration.
 TESSELMXF_MODEL_API const wchar_t* identifierToString(Identifier identifier);
 
 /// Whether the type is a collection kind: Array or Batch.

@@ -12,8 +12,7 @@ namespace MXF::Tessel::Types {
 class TESSELMXF_MODEL_API LocalTag : public SimpleDataType {
  public:
   /// @param text  not null: two bytes of hexadecimal digits joined by "." (3C.0A), four digits, or 0x and four digits;
-  /// letters in
-  ///              either case.
+  ///              letters in either case.
   /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid local tag: " and the text.
   LocalTag(const wchar_t* text, StringRepresentationEncodingType encoding);
   LocalTag(const LocalTag&) = default;

@@ -26,7 +26,7 @@ class TESSELMXF_MODEL_API RGBALayout : public SimpleDataType {
   Templates::auto_ptr<SimpleDataType> clone() const override;
 
   /// @throws Exceptions::InvalidValue  the index is above 7: "RGBALayout has 8 components, no component " and the
-  /// index.
+  ///         index.
   void set(unsigned int index, RGBAComponent component);
   /// @throws Exceptions::InvalidValue  as set().
   RGBAComponent get(unsigned int index) const;

@@ -29,8 +29,7 @@ class TESSELMXF_MODEL_API ISO7String : public SimpleDataType {
 class TESSELMXF_MODEL_API UTF16 : public SimpleDataType {
  public:
   /// @throws Exceptions::InvalidValue  the character is above FFFF hex: "A character above FFFF is no single UTF-16
-  /// code
-  ///         unit."
+  ///         code unit."
   explicit UTF16(wchar_t codeUnit);
   ~UTF16() override;
   void accept(Visitors::NonConstVisitor& visitor) override;

@@ -36,8 +36,7 @@ class TESSELMXF_MODEL_API UniversalLabel : public UID {
   using Bytes = KLV::Key::Bytes;
 
   /// @param text  not null: 16 bytes of two hexadecimal digits, joined by ".", or urn:smpte:ul: and four groups of
-  /// eight digits
-  ///              joined by "."; letters in either case.
+  ///              eight digits joined by "."; letters in either case.
   /// @throws Exceptions::InvalidULDesignator  the text is anything else; the message is the text.
   UniversalLabel(const wchar_t* text, StringRepresentationEncodingType encoding);
   /// The label with the key's bytes.
@@ -72,8 +71,7 @@ inline bool operator==(const UniversalLabel& a, const UniversalLabel& b) {
 class TESSELMXF_MODEL_API UUID : public UID {
  public:
   /// @param text  not null: 16 bytes joined by ".", or 8-4-4-4-12 digits, with or without urn:uuid: before them;
-  /// letters in either
-  ///              case.
+  ///              letters in either case.
   /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid UUID: " and the text.
   UUID(const wchar_t* text, StringRepresentationEncodingType encoding);
   ~UUID() override;
@@ -87,40 +85,28 @@ class TESSELMXF_MODEL_API UUID : public UID {
   std::array<unsigned char, 16> bytes_{};
 };
 
-/// A basic, 32-byte UMID (SMPTE ST 330).
-class TESSELMXF_MODEL_API UMID32 : public UID {
+/// A UMID (SMPTE ST 330): UMID32, the basic one of 32 bytes, or UMID64, the extended one of 64 bytes.
+template <unsigned short byteCount>
+class TESSELMXF_MODEL_API UMID : public UID {
  public:
-  /// @param text  not null: 32 bytes joined by ".", or 64 digits, with or without 0x before them; letters in either
-  /// case.
+  /// @param text  not null: the bytes joined by ".", or all their digits, with or without 0x before them; letters in
+  ///              either case.
   /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid UMID: " and the text.
-  UMID32(const wchar_t* text, StringRepresentationEncodingType encoding);
-  ~UMID32() override;
+  UMID(const wchar_t* text, StringRepresentationEncodingType encoding);
+  UMID(const UMID&) = default;
+  UMID& operator=(const UMID&) = default;
+  ~UMID() override;
   void accept(Visitors::NonConstVisitor& visitor) override;
   void accept(Visitors::Visitor& visitor) const override;
   const unsigned char* rawBuffer() const override { return bytes_.data(); }
   Templates::auto_ptr<SimpleDataType> clone() const override;
-  unsigned short size() const override { return sizeof(bytes_); }
+  unsigned short size() const override { return byteCount; }
 
  private:
-  std::array<unsigned char, 32> bytes_{};
+  std::array<unsigned char, byteCount> bytes_{};
 };
 
-/// An extended, 64-byte UMID (SMPTE ST 330).
-class TESSELMXF_MODEL_API UMID64 : public UID {
- public:
-  /// @param text  not null: 64 bytes joined by ".", or 128 digits, with or without 0x before them; letters in either
-  /// case.
-  /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid UMID: " and the text.
-  UMID64(const wchar_t* text, StringRepresentationEncodingType encoding);
-  ~UMID64() override;
-  void accept(Visitors::NonConstVisitor& visitor) override;
-  void accept(Visitors::Visitor& visitor) const override;
-  const unsigned char* rawBuffer() const override { return bytes_.data(); }
-  Templates::auto_ptr<SimpleDataType> clone() const override;
-  unsigned short size() const override { return sizeof(bytes_); }
-
- private:
-  std::array<unsigned char, 64> bytes_{};
-};
+extern template class UMID<32>;
+extern template class UMID<64>;
 
 }  // namespace MXF::Tessel::Types

@@ -28,7 +28,7 @@ using XMLUtils::UnicodeString;
 namespace {
 
 /// The first ten members of a QuerySet, in its order.
-struct CompiledTexts {
+struct QueryTexts {
   UnicodeString elementDeclarations;
   UnicodeString groupDeclarations;
   UnicodeString groupElementProperties;
@@ -41,7 +41,7 @@ struct CompiledTexts {
   UnicodeString groupKey;
 };
 
-const CompiledTexts urnTexts = {
+const QueryTexts urnTexts = {
     UnicodeString(COMPONENTS_WITH(URN_DICTIONARY L"ElementUL")),
     UnicodeString(ELEMENTS_WITH(URN_GROUPS L"Key")),
     UnicodeString(INNER_ELEMENTS_WITH(URN_GROUPS L"MetadataElementRequiredStatus")),
@@ -54,7 +54,7 @@ const CompiledTexts urnTexts = {
     UnicodeString(TEXT_OF(URN_GROUPS L"Key")),
 };
 
-const CompiledTexts registryTexts = {
+const QueryTexts registryTexts = {
     UnicodeString(COMPONENTS_WITH(REGISTRY_DICTIONARY L"ElementUL")),
     UnicodeString(ELEMENTS_WITH(REGISTRY_GROUPS L"Key")),
     UnicodeString(INNER_ELEMENTS_WITH(REGISTRY_GROUPS L"PropertyRequiredStatus")),
@@ -67,7 +67,7 @@ const CompiledTexts registryTexts = {
     UnicodeString(TEXT_OF(REGISTRY_GROUPS L"Key")),
 };
 
-QuerySet querySet(const CompiledTexts& texts, const wchar_t* elementName, const wchar_t* elementLength,
+QuerySet querySet(const QueryTexts& texts, const wchar_t* elementName, const wchar_t* elementLength,
                   const wchar_t* groupName) {
   return {&texts.elementDeclarations,
           &texts.groupDeclarations,

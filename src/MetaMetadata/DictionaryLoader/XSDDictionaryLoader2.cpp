@@ -1,3 +1,5 @@
+// The exported class: every operation goes to the private record.
+
 #include "XSDDictionaryLoader2Impl.h"
 
 #include <MetaMetadata/Loading/XSDDictionaryLoader2.h>

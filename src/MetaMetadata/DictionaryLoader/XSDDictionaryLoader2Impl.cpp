@@ -1,3 +1,5 @@
+// The private record: the choice of the flavour, and handing its queries to the loader proper at the first load.
+
 #include "XSDDictionaryLoader2Impl.h"
 
 #include "../XSDLoaderImpl/ErrorTranslation.h"
@@ -42,7 +44,7 @@ void XSDDictionaryLoader2Impl::loadMultiplex(const WideString& path) {
   }
   WideString file = path;
   toForwardSlashes(file);
-  const WideString uri = translatingSaxErrors(SourceNames::facade, [&] { return readTargetNamespace(file); });
+  const WideString uri = translatingSaxErrors(SourceNames::facade, __LINE__, [&] { return readTargetNamespace(file); });
   if (uri == registryMultiplexNamespace) {
     flavour_ = SchemaFlavour::RegistryUri;
   } else if (uri == urnMultiplexNamespace) {

@@ -38,7 +38,7 @@ class XSDDictionaryLoader2Impl {
   SchemaFlavour flavour_ = SchemaFlavour::Urn;
   XSDLoaderImpl loader_;
   XMLUtils::Released<xercesc::DOMLSParser> multiplexParser_;  // only for multiplex documents
-  bool queriesInstalled_ = false;                             // never cleared
+  bool queriesInstalled_ = false;                             // by the first load; never cleared but by assignment
 };
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

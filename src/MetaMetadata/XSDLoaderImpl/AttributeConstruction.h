@@ -14,12 +14,11 @@ namespace MXF::Tessel::MetaMetadata::Loading {
 /// in the state's elementsByXmlName; its local tag, if it has one, is also put into pendingLocalTags.
 /// @param index  position of the declaration among those of its set, from 0.
 /// @throws Exceptions::SchemeDataMissingException  "MetaMetadataSet without RequiredStatus.", or the declaring document
-/// has
-///         no target namespace.
-/// @throws Exceptions::NotFound      the element is not known: "The " reference " not MetaElement not found in
-/// Dictionary.".
+///         has no target namespace.
+/// @throws Exceptions::NotFound  the element is not known: "The " reference " not MetaElement not found in
+///         Dictionary.".
 /// @throws Exceptions::InvalidValue, Exceptions::InvalidULDesignator  status, tag or distinguished value cannot be
-/// read.
+///         read.
 Templates::auto_ptr<MetaAttribute> buildAttribute(const XSDLoaderImplData& data, xercesc::DOMElement& declaration,
                                                   int index, SchemeState& state);
 

@@ -1,3 +1,5 @@
+// Values written as braced lists. Entry points: the four stringTo functions, called by stringToValue().
+
 #include "CompoundValues.h"
 
 #include "NumberExtraction.h"

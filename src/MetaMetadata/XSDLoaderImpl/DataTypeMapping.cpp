@@ -1,3 +1,5 @@
+// The data type of an element declaration. Entry point: resolveDataType().
+
 #include "DataTypeMapping.h"
 
 #include "DocumentAccess.h"

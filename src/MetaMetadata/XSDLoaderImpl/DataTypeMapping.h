@@ -18,8 +18,7 @@ struct DeclaredType {
 
 /// The data type that a declaration names: in its "type" attribute, or as the "base" of a type declared inside it.
 /// @throws Exceptions::TypeNotSupportedException  there is none: "MetaElement type not supported, unknown data type: "
-/// and
-///         the declaration's name.
+///         and the declaration's name.
 DeclaredType resolveDataType(xercesc::DOMElement& declaration, const xercesc::DOMXPathNSResolver* resolver);
 
 /// Local part of the "base" attribute three levels below the declaration, or else two; empty when there is none.

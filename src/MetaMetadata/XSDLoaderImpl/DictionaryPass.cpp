@@ -1,3 +1,6 @@
+// The dictionary pass: element declarations become elements. Entry point: runDictionaryPass(); all else is local but
+// readElementLabel(), its first step.
+
 #include "DictionaryPass.h"
 
 #include "DataTypeMapping.h"

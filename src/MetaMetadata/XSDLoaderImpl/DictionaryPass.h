@@ -17,7 +17,7 @@ void runDictionaryPass(const XSDLoaderImplData& data, xercesc::DOMDocument& docu
 
 /// The label that a declaration is annotated with. The caller owns it.
 /// @throws Exceptions::InvalidMetaElementDeclaration  it has none: "MetaElement without UniversalLabel.".
-/// @throws Exceptions::InvalidULDesignator            the annotation is no label.
+/// @throws Exceptions::InvalidULDesignator  the annotation is no label.
 Templates::auto_ptr<Types::UniversalLabel> readElementLabel(const XSDLoaderImplData& data,
                                                             xercesc::DOMElement& declaration);
 

@@ -1,3 +1,5 @@
+// Loading schema documents, and what their root elements say.
+
 #include "DocumentAccess.h"
 
 #include "SourceNames.h"

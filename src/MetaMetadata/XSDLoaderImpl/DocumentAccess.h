@@ -12,9 +12,9 @@ namespace MXF::Tessel::MetaMetadata::Loading {
 
 /// Parses the file, makes its namespace bindings those of all later queries, and records their prefixes. The parser
 /// owns the document.
-/// @throws Exceptions::IOError          no such file: the path, then " file Not Found!".
-/// @throws Exceptions::ParseError       the document has no root element.
-/// @throws xercesc::SAXParseException   not well-formed.
+/// @throws Exceptions::IOError  no such file: the path, then " file Not Found!".
+/// @throws Exceptions::ParseError  the document has no root element.
+/// @throws xercesc::SAXParseException  not well-formed.
 xercesc::DOMDocument* loadDocument(XSDLoaderImplData& data, const Templates::WideString& path);
 
 /// Records the "xmlns:" bindings of the root element in the data's resolver, and their prefixes for namespaces that
@@ -24,7 +24,7 @@ void registerNamespaces(XSDLoaderImplData& data, xercesc::DOMDocument& document)
 
 /// The root element's target namespace.
 /// @throws Exceptions::SchemeDataMissingException  it is absent or empty: "Scheme document without target namespace
-/// URI.".
+///         URI.".
 Templates::WideString targetNamespaceOf(const xercesc::DOMDocument& document);
 
 /// The namespace that the root element's "xmlns:" attribute gives the prefix; empty when there is none.

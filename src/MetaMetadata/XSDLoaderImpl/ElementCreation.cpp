@@ -1,3 +1,5 @@
+// An element declaration becomes an element of the right class. Entry point: createMetaElement().
+
 #include "ElementCreation.h"
 
 #include "DocumentAccess.h"

@@ -15,9 +15,8 @@ namespace MXF::Tessel::MetaMetadata::Loading {
 /// The element that a declaration describes, of the class that its type asks for, with all its properties. The caller
 /// owns it.
 /// @throws Exceptions::InvalidMetaElementDeclaration  a collection's item type is not known: "MetaElement Declaration
-/// of
-///         type collection with unknown sub data type: " and the declaration's name; or see ElementProperties.h.
-/// @throws Exceptions::TypeNotSupportedException      the model does not support the type.
+///         of type collection with unknown sub data type: " and the declaration's name; or see ElementProperties.h.
+/// @throws Exceptions::TypeNotSupportedException  the model does not support the type.
 Templates::auto_ptr<MetaElement> createMetaElement(const XSDLoaderImplData& data, xercesc::DOMElement& declaration,
                                                    const Types::UniversalLabel& label, const DeclaredType& type);
 

@@ -1,3 +1,5 @@
+// The properties of elements that sets do not share.
+
 #include "ElementProperties.h"
 
 #include "SourceNames.h"

@@ -10,12 +10,13 @@
 namespace MXF::Tessel::MetaMetadata::Loading {
 
 /// Runs what reads a document. A SAX exception becomes a ParseError with the same text; all else passes.
+/// @param line  of the caller, which the exception reports together with sourceFile.
 template <class Operation>
-auto translatingSaxErrors(const char* sourceFile, Operation operation) {
+auto translatingSaxErrors(const char* sourceFile, int line, Operation operation) {
   try {
     return operation();
   } catch (const xercesc::SAXException& e) {
-    throw Exceptions::ParseError(XMLUtils::toWstring(e.getMessage()).c_str(), sourceFile, __LINE__);
+    throw Exceptions::ParseError(XMLUtils::toWstring(e.getMessage()).c_str(), sourceFile, line);
   }
 }
 

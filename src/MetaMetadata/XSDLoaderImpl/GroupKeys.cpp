@@ -1,3 +1,5 @@
+// The key of a group declaration, and which groups are passed over. Entry point: readGroupKey().
+
 #include "GroupKeys.h"
 
 #include "DocumentAccess.h"

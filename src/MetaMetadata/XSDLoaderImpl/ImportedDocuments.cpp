@@ -1,3 +1,5 @@
+// The imports that a loader has loaded, by path and by namespace.
+
 #include "ImportedDocuments.h"
 
 #include "DocumentAccess.h"

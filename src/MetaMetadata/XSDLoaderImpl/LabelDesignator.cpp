@@ -1,3 +1,5 @@
+// The length that every label and key text must have.
+
 #include "LabelDesignator.h"
 
 #include "SourceNames.h"

@@ -1,3 +1,5 @@
+// Qualified names, paths, and names in query texts.
+
 #include "Names.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// Integers from text. Entry point: extractNumber(); the one place where digits are read.
+
 #include "NumberExtraction.h"
 
 #include <algorithm>

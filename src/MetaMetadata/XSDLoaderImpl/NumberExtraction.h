@@ -9,7 +9,7 @@
 namespace MXF::Tessel::MetaMetadata::Loading {
 
 /// @return the number, or nothing when the text yields none or it does not fit. For an unsigned type a minus sign is
-/// accepted: the magnitude must fit, and its negation modulo 2 to the power of the width is the number.
+///         accepted: the magnitude must fit, and its negation modulo 2 to the power of the width is the number.
 template <class Number>
 std::optional<Number> extractNumber(std::wstring_view text);
 

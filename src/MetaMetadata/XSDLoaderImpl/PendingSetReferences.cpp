@@ -1,3 +1,5 @@
+// The text form of pending set references, written by the dictionary pass and read by the scheme pass.
+
 #include "PendingSetReferences.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// The annotations of a property declaration, read by the four queries for them.
+
 #include "PropertyAnnotations.h"
 
 #include "XPathEvaluation.h"

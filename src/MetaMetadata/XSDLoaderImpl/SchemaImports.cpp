@@ -1,3 +1,6 @@
+// Where a complex type is declared: here, in an import already loaded, or in one to be loaded. Entry points:
+// findComplexType() for one document, findTypeDocument() for all of them.
+
 #include "SchemaImports.h"
 
 #include "DocumentAccess.h"

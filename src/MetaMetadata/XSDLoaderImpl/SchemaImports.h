@@ -17,9 +17,9 @@ xercesc::DOMElement* findComplexType(XSDLoaderImplData& data, xercesc::DOMDocume
 /// The document that declares the type, or null. Looked for in the document `from` in which the name is written, then
 /// in the imports already loaded for the name's namespace, then in the imports of `from` for it, which are loaded one
 /// by one in the order of their locations. Loading one makes its namespace bindings those of all later queries.
-/// @throws Exceptions::IOError                     an import names no file: the path, then " file Not Found!".
+/// @throws Exceptions::IOError  an import names no file: the path, then " file Not Found!".
 /// @throws Exceptions::SchemeDataMissingException  an import already loaded has no target namespace.
-/// @throws xercesc::SAXParseException              an import is not well-formed.
+/// @throws xercesc::SAXParseException  an import is not well-formed.
 xercesc::DOMDocument* findTypeDocument(XSDLoaderImplData& data, const Templates::WideString& typeName,
                                        xercesc::DOMDocument& from);
 

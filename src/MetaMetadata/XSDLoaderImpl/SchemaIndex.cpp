@@ -1,3 +1,5 @@
+// Indexes of the top-level declarations, where they give what a query would give.
+
 #include "SchemaIndex.h"
 
 #include <XMLUtils/TextConversion.h>

@@ -1,3 +1,6 @@
+// The scheme pass: group declarations become sets. Entry point: processSchemeDocument(), which names the steps; each step
+// that is more than a few lines has a file of its own.
+
 #include "SchemePass.h"
 
 #include "DocumentAccess.h"

@@ -1,3 +1,5 @@
+// Group declarations become sets with their attributes and properties. Entry point: buildGroupSets().
+
 #include "SetConstruction.h"
 
 #include "AttributeConstruction.h"

@@ -1,3 +1,5 @@
+// Pending set references become allowed sets once the groups they name are known.
+
 #include "SetReferenceResolution.h"
 
 #include "PendingSetReferences.h"

@@ -1,6 +1,7 @@
 #pragma once
 
-/// Names under which throw sites report their source, stable while code moves between files.
+/// The parts of the loader that exceptions name as their source. A name stands for all files of the part, so that it stays
+/// the same while code moves between them; the line is that of the throw site in its own file.
 namespace MXF::Tessel::MetaMetadata::Loading::SourceNames {
 
 inline constexpr const char* facade = "XSDDictionaryLoader2";

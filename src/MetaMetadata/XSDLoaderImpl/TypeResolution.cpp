@@ -1,3 +1,5 @@
+// The property declarations of a group along its chain of base types. Entry point: collectPropertyDeclarations().
+
 #include "TypeResolution.h"
 
 #include "GroupKeys.h"

@@ -27,9 +27,8 @@ using OwnDeclarations = Readings<Elements>;
 /// @param typeName  as written, prefix included.
 /// @param known     declarations of types met before; those of new ones are added.
 /// @throws Exceptions::SchemeDataMissingException  "The " name " declaration was not found"; "Type " base ", base type
-/// for "
-///         name ", was not found"; while abstract groups are loaded "Definition of type " base ", base type for " name
-///         ", was not found"; "Type " name " is its own base type"; or a base group without key.
+///         for " name ", was not found"; while abstract groups are loaded "Definition of type " base ", base type for "
+///         name ", was not found"; "Type " name " is its own base type"; or a base group without key.
 /// @throws Exceptions::InvalidULDesignator  a base group's key is malformed.
 /// @throws Exceptions::IOError, xercesc::SAXParseException  an import cannot be loaded.
 TypeProperties collectPropertyDeclarations(XSDLoaderImplData& data, xercesc::DOMDocument& document,

@@ -1,3 +1,5 @@
+// The one place where queries are evaluated. All else of the loader calls the functions of the header.
+
 #include "XPathEvaluation.h"
 
 #include <XMLUtils/Released.h>

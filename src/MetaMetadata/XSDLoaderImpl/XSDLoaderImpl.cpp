@@ -1,3 +1,5 @@
+// The loader proper: opens a document and runs one of the passes on it, inside the error boundaries.
+
 #include "XSDLoaderImpl.h"
 
 #include "DictionaryPass.h"
@@ -18,7 +20,7 @@ namespace {
 xercesc::DOMDocument& openDocument(XSDLoaderImplData& data, const WideString& path) {
   data.documentPath = path;
   toForwardSlashes(data.documentPath);
-  return *translatingSaxErrors(SourceNames::loaderImpl, [&] { return loadDocument(data, path); });
+  return *translatingSaxErrors(SourceNames::loaderImpl, __LINE__, [&] { return loadDocument(data, path); });
 }
 
 }  // namespace

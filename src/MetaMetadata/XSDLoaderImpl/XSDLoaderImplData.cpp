@@ -1,3 +1,5 @@
+// The state that both passes work on, and how its parser is made.
+
 #include "XSDLoaderImplData.h"
 
 #include <Initializer.h>

@@ -1,3 +1,5 @@
+// The properties that elements and sets have alike.
+
 #include "XmlProperties.h"
 
 #include "DocumentAccess.h"

@@ -19,10 +19,9 @@ void addRegistryName(const XSDLoaderImplData& data, xercesc::DOMElement& declara
 void addDocumentation(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, PropertyMap& properties);
 
 /// Adds "XMLTagName" (unless the declaration has no name), "XMLNamespaceURI" and "XMLDefaultPrefix".
-/// @throws Exceptions::SchemeDataMissingException     the document has no target namespace.
+/// @throws Exceptions::SchemeDataMissingException  the document has no target namespace.
 /// @throws Exceptions::InvalidMetaElementDeclaration  no loaded document binds a prefix to it: "No default prefix
-/// defined
-///         for namespace: " and the namespace.
+///         defined for namespace: " and the namespace.
 void addXmlName(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, PropertyMap& properties);
 
 /// Adds the property with the text of the query's first match, if that is not empty. @return whether it was added.

@@ -15,10 +15,9 @@ namespace MXF::Tessel::XMLUtils {
 ///
 /// @param path    any path of the file system, in UTF-16 code units; the file is opened by its UTF-8 form.
 /// @param parser  a parser of Initializer::domImplementation(); its settings are made here. It owns the document.
-/// @return the document, or null when the file cannot be opened or is a directory.
+/// @return the document, or null when the file cannot be opened or is no regular file, such as a directory or a pipe.
 /// @throws xercesc::SAXParseException  the content is not well-formed, or exceeds the limit: "PATH:LINE:COLUMN: " and
-/// the
-///         parser's text, with line and column also in the exception.
+///         the parser's text, with line and column also in the exception.
 /// @throws Exceptions::IOError  the file can be opened but not be read: the path, then ": " and the system's reason.
 TESSELMXF_XMLUTILS_API xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSParser& parser);
 

@@ -40,6 +40,7 @@ const XMLCh* NodeBindings::lookupNamespaceURI(const XMLCh* prefix) const {
 }
 
 const XMLCh* NodeBindings::lookupPrefix(const XMLCh* uri) const {
+  if (*uri == u'\0') return nullptr;
   const auto binding =
       std::find_if(bindings_.begin(), bindings_.end(), [uri](const Binding& b) { return b.uri == uri; });
   if (binding != bindings_.end()) return binding->prefix.c_str();

@@ -13,6 +13,7 @@
 #include <xqilla/items/Numeric.hpp>
 #include <xqilla/xerces/XercesConfiguration.hpp>
 
+#include <typeinfo>
 #include <utility>
 
 namespace MXF::Tessel::XMLUtils::XPath {
@@ -20,6 +21,7 @@ namespace MXF::Tessel::XMLUtils::XPath {
 using xercesc::DOMException;
 using xercesc::DOMNode;
 using xercesc::DOMXPathException;
+using xercesc::DOMXPathResult;
 
 namespace {
 
@@ -28,6 +30,13 @@ int changesOf(const DOMNode* node) {
   const bool isDocument = node->getNodeType() == DOMNode::DOCUMENT_NODE;
   const auto* document = isDocument ? static_cast<const xercesc::DOMDocument*>(node) : node->getOwnerDocument();
   return document == nullptr ? 0 : static_cast<const xercesc::DOMDocumentImpl*>(document)->changes();
+}
+
+[[noreturn]] void throwNoSnapshot(DOMXPathResult::ResultType type) {
+  const bool isFirst = type == DOMXPathResult::FIRST_RESULT_TYPE;
+  throw XQillaException(DOMXPathException::TYPE_ERR,
+                        isFirst ? u"SNAPSHOT_RESULT was requested from a XPath2Result of type FIRST_RESULT"
+                                : u"SNAPSHOT_RESULT was requested from a XPath2Result of type ITERATOR_RESULT");
 }
 
 }  // namespace
@@ -126,10 +135,11 @@ bool QueryResult::getInvalidIteratorState() const {
 
 bool QueryResult::iterateNext() {
   if (type_ != ITERATOR_RESULT_TYPE) {
-    throw XQillaException(DOMXPathException::TYPE_ERR, u"Only an iterator result can be iterated over.");
+    throw XQillaException(DOMXPathException::TYPE_ERR,
+                          u"ITERATOR_RESULT was requested from a XPath2Result of type FIRST_RESULT");
   }
   if (getInvalidIteratorState()) {
-    throw XQillaException(DOMException::INVALID_STATE_ERR, u"The document was changed during the iteration.");
+    throw XQillaException(DOMException::INVALID_STATE_ERR, u"Document has changed");
   }
   translatingErrors([this] { current_ = items_->next(context_.get()); });
   if (current_.isNull()) items_ = nullptr;
@@ -137,11 +147,11 @@ bool QueryResult::iterateNext() {
 }
 
 bool QueryResult::snapshotItem(XMLSize_t /*index*/) {
-  throw XQillaException(DOMXPathException::TYPE_ERR, u"The result is no snapshot.");
+  throwNoSnapshot(type_);
 }
 
 XMLSize_t QueryResult::getSnapshotLength() const {
-  throw XQillaException(DOMXPathException::TYPE_ERR, u"The result is no snapshot.");
+  throwNoSnapshot(type_);
 }
 
 }  // namespace MXF::Tessel::XMLUtils::XPath

@@ -13,12 +13,14 @@ class LocalTag;
 class Position;
 class Rational;
 class RGBALayout;
-class UMID32;
-class UMID64;
 class UniversalLabel;
 class UTF16;
 class UTF16String;
 class UUID;
+template <unsigned short byteCount>
+class TESSELMXF_MODEL_API UMID;
+using UMID32 = UMID<32>;
+using UMID64 = UMID<64>;
 template <class Number>
 class TESSELMXF_MODEL_API Integer;
 using Int8 = Integer<signed char>;
