@@ -4,6 +4,7 @@
 #include "AttributeConstruction.h"
 
 #include "DocumentAccess.h"
+#include "LabelDesignator.h"
 #include "Names.h"
 #include "PropertyAnnotations.h"
 #include "SourceNames.h"
@@ -25,8 +26,6 @@ using Types::Identifiers::Identifier;
 using Status = AttributeRequiredStatus::Status;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 Status requiredStatus(const PropertyAnnotations& annotations) {
   if (!annotations.requiredStatus) {

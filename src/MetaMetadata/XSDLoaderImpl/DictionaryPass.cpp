@@ -21,8 +21,6 @@ using Types::UniversalLabel;
 
 namespace {
 
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
-
 /// Owns the elements of one document until all of them have been made.
 using PendingElements = Templates::map<UniversalLabel, auto_ptr<MetaElement>>;
 

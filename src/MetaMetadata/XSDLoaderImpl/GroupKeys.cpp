@@ -23,7 +23,7 @@ Templates::auto_ptr<KLV::Key> readGroupKey(const XSDLoaderImplData& data, xerces
                                                  __LINE__);
   }
   checkULDesignator(*text);
-  return std::make_unique<KLV::Key>(text->c_str(), Types::StringRepresentationEncodingType::DottedHex);
+  return std::make_unique<KLV::Key>(text->c_str(), textForm);
 }
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

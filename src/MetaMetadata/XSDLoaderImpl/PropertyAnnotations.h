@@ -20,6 +20,8 @@ struct PropertyAnnotations {
 };
 using KnownAnnotations = Readings<PropertyAnnotations>;
 
+/// Reads all four; whoever makes values of them judges their faults, in an order of its own. Exceptions of the XML
+/// libraries pass through.
 PropertyAnnotations readPropertyAnnotations(const XSDLoaderImplData& data, xercesc::DOMElement& declaration);
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

@@ -5,6 +5,7 @@
 #include <XMLUtils/TextConversion.h>
 
 #include <xercesc/dom/DOMAttr.hpp>
+#include <xercesc/dom/DOMTypeInfo.hpp>
 #include <xercesc/util/XMLString.hpp>
 
 #include <algorithm>
@@ -22,6 +23,12 @@ bool isNamed(const DOMElement& element, const XMLCh* namespaceUri, const XMLCh* 
          xercesc::XMLString::equals(element.getNamespaceURI(), namespaceUri);
 }
 
+/// Whether a DTD or a schema gives the attribute a type. Queries compare such an attribute by its typed value.
+bool hasType(const xercesc::DOMAttr& attribute) {
+  const xercesc::DOMTypeInfo* type = attribute.getSchemaTypeInfo();
+  return type != nullptr && type->getTypeName() != nullptr;
+}
+
 /// XPath reads a string literal as it stands but for line ends, which it may normalise. Ampersands and characters
 /// outside the first plane are left to it as well.
 bool isReadLiterally(const WideString& text) {
@@ -36,9 +43,11 @@ SchemaIndex::SchemaIndex(const DOMDocument& document, const XMLCh* schemaNamespa
   const DOMElement* root = document.getDocumentElement();
   if (root == nullptr || !isNamed(*root, schemaNamespace, u"schema")) return;
   // The first declaration in document order keeps the text.
-  const auto add = [](ByText& index, DOMElement& declaration, const XMLCh* attributeName) {
+  const auto add = [this](ByText& index, DOMElement& declaration, const XMLCh* attributeName) {
     const xercesc::DOMAttr* attribute = declaration.getAttributeNodeNS(nullptr, attributeName);
-    if (attribute != nullptr) index.emplace(XMLUtils::toWstring(attribute->getValue()), &declaration);
+    if (attribute == nullptr) return;
+    if (hasType(*attribute)) isReliable_ = false;
+    index.emplace(XMLUtils::toWstring(attribute->getValue()), &declaration);
   };
   for (DOMElement* child = root->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
     if (isNamed(*child, schemaNamespace, u"complexType")) add(complexTypesByName_, *child, u"name");
@@ -60,10 +69,10 @@ const SchemaIndex* SchemaIndexes::find(const DOMDocument& document, const xerces
                                        const WideString& text) {
   const XMLCh* schemaNamespace = resolver.lookupNamespaceURI(u"xs");
   if (schemaNamespace == nullptr || *schemaNamespace == u'\0') return nullptr;
-  if (document.getDoctype() != nullptr || !isReadLiterally(text)) return nullptr;
+  if (!isReadLiterally(text)) return nullptr;
   auto& index = indexes_[{&document, schemaNamespace}];
   if (!index) index = std::make_unique<const SchemaIndex>(document, schemaNamespace);
-  return index.get();
+  return index->isReliable() ? index.get() : nullptr;
 }
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

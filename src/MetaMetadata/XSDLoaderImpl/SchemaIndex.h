@@ -21,6 +21,9 @@ class SchemaIndex {
   /// @param schemaNamespace  namespace in which "schema", "complexType" and "element" are meant.
   SchemaIndex(const xercesc::DOMDocument& document, const XMLCh* schemaNamespace);
 
+  /// Whether the index gives what the queries give: none of the attributes has a type from a DTD or a schema.
+  bool isReliable() const { return isReliable_; }
+
   /// What the query "/xs:schema/xs:complexType[@name='...']" finds first, or null.
   xercesc::DOMElement* complexTypeNamed(const Templates::WideString& name) const;
   /// What the query "/xs:schema/xs:element[@type='...']" finds first, or null.
@@ -29,6 +32,7 @@ class SchemaIndex {
  private:
   using ByText = Templates::map<Templates::WideString, xercesc::DOMElement*>;
 
+  bool isReliable_ = true;
   ByText complexTypesByName_;
   ByText elementsByType_;
 };
@@ -38,7 +42,7 @@ class SchemaIndexes {
  public:
   /// The index that answers a query for the text on the document under the resolver, or null when only the query itself
   /// can be trusted to: the prefix is not bound (the query fails), the text has characters that XPath does not read
-  /// literally, or the document has a DTD, which may give attributes types.
+  /// literally, or the index is not reliable.
   const SchemaIndex* find(const xercesc::DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver,
                           const Templates::WideString& text);
 

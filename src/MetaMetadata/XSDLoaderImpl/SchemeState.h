@@ -31,7 +31,7 @@ struct SchemeState {
   GroupKeys groupKeysByName;
   LoadedSets loadedSets;
   PendingLocalTags pendingLocalTags;
-  OwnDeclarations ownDeclarations;
+  KnownTypes knownTypes;
   KnownAnnotations annotations;
 };
 

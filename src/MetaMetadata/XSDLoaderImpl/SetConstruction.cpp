@@ -5,6 +5,7 @@
 #include "AttributeConstruction.h"
 #include "DocumentAccess.h"
 #include "GroupKeys.h"
+#include "LabelDesignator.h"
 #include "SourceNames.h"
 #include "TypeResolution.h"
 #include "XmlProperties.h"
@@ -34,7 +35,7 @@ auto_ptr<MetaMetadataSet> buildSet(XSDLoaderImplData& data, xercesc::DOMElement&
                                    SchemeState& state) {
   auto_ptr<MetaMetadataSet> set(new MetaMetadataSet(key));
   const TypeProperties type =
-      collectPropertyDeclarations(data, *group.getOwnerDocument(), attributeOf(group, u"type"), state.ownDeclarations);
+      collectPropertyDeclarations(data, *group.getOwnerDocument(), attributeOf(group, u"type"), state.knownTypes);
   int index = 0;
   for (xercesc::DOMElement* declaration : type.declarations) {
     set->addMetaAttribute(MetaMetadataSet::Attribute(buildAttribute(data, *declaration, index++, state)));
@@ -51,7 +52,7 @@ void buildGroupSets(XSDLoaderImplData& data, SchemeState& state) {
     if (!key) continue;
     const Types::UniversalLabel label(*key);
     if (state.loadedSets.count(label) != 0) {
-      const WideString message = key->toString(Types::StringRepresentationEncodingType::DottedHex);
+      const WideString message = key->toString(textForm);
       throw Exceptions::MetaMetadataSetAlreadyLoaded(message.c_str(), SourceNames::loaderImpl, __LINE__);
     }
     state.loadedSets.emplace(label, buildSet(data, *group, *key, state));

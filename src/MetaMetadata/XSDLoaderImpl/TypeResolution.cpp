@@ -3,6 +3,7 @@
 #include "TypeResolution.h"
 
 #include "GroupKeys.h"
+#include "LabelDesignator.h"
 #include "Names.h"
 #include "SchemaImports.h"
 #include "SourceNames.h"
@@ -48,7 +49,7 @@ DOMDocument& requireBaseDocument(XSDLoaderImplData& data, const ChainLink& link)
 }
 
 /// The types from the given one up to the root. A loop, not a recursion: a schema decides how long the chain is.
-Chain walkToRoot(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
+Chain walkToRoot(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName, KnownTypes& known) {
   Chain chain;
   Templates::set<const DOMElement*> met;
   WideString name = typeName;
@@ -59,7 +60,8 @@ Chain walkToRoot(XSDLoaderImplData& data, DOMDocument& document, const WideStrin
       throw SchemeDataMissingException((L"Type " + name + L" is its own base type").c_str(), SourceNames::loaderImpl,
                                        __LINE__);
     }
-    link.baseName = evaluateString(*link.complexType, L"./*/*/@base", data.nsResolver);
+    link.baseName = known.baseNames.of(
+        *link.complexType, nullptr, [&] { return evaluateString(*link.complexType, L"./*/*/@base", data.nsResolver); });
     if (!link.baseName.empty()) link.baseDocument = &requireBaseDocument(data, link);
     chain.push_back(link);
     if (link.baseName.empty()) return chain;
@@ -77,12 +79,14 @@ DOMElement* findElementOfType(XSDLoaderImplData& data, DOMDocument& document, co
 }
 
 /// Key of the group declared with the base type, whose name must be spelled there as it is here.
-WideString baseGroupKeyText(XSDLoaderImplData& data, const ChainLink& link) {
+WideString baseGroupKeyText(XSDLoaderImplData& data, const ChainLink& link, KnownTypes& known) {
   DOMElement* group = findElementOfType(data, *link.baseDocument, link.baseName);
   if (group != nullptr) {
-    if (const auto key = readGroupKey(data, *group)) {
-      return key->toString(Types::StringRepresentationEncodingType::DottedHex);
-    }
+    const WideString& key = known.baseGroupKeys.of(*group, data.nsResolver, [&] {
+      const auto groupKey = readGroupKey(data, *group);
+      return groupKey ? groupKey->toString(textForm) : WideString();
+    });
+    if (!key.empty()) return key;
   }
   if (!data.withAbstractGroups) return {};
   const WideString message =
@@ -100,14 +104,15 @@ Elements ownPropertyDeclarations(const XSDLoaderImplData& data, DOMElement& comp
 }  // namespace
 
 TypeProperties collectPropertyDeclarations(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName,
-                                           OwnDeclarations& known) {
-  const Chain chain = walkToRoot(data, document, typeName);
+                                           KnownTypes& known) {
+  const Chain chain = walkToRoot(data, document, typeName, known);
   TypeProperties properties;
   // Every link's base group is looked up, though only the last one counts: a fault in any of them is reported.
   for (auto link = chain.rbegin(); link != chain.rend(); ++link) {
-    if (!link->baseName.empty()) properties.baseGroupKey = baseGroupKeyText(data, *link);
+    if (!link->baseName.empty()) properties.baseGroupKey = baseGroupKeyText(data, *link, known);
     DOMElement& type = *link->complexType;
-    const Elements& own = known.of(type, data.nsResolver, [&] { return ownPropertyDeclarations(data, type); });
+    const Elements& own =
+        known.ownDeclarations.of(type, data.nsResolver, [&] { return ownPropertyDeclarations(data, type); });
     properties.declarations.insert(properties.declarations.end(), own.begin(), own.end());
   }
   return properties;

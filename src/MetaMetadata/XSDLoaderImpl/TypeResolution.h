@@ -19,19 +19,23 @@ struct TypeProperties {
   Templates::WideString baseGroupKey;
 };
 
-/// The property declarations of single complex types, in the order of TypeProperties.
-using OwnDeclarations = Readings<Elements>;
+/// What was read of the types and base groups of a document's chains. Chains share most of their links.
+struct KnownTypes {
+  Readings<Templates::WideString> baseNames;  ///< Of complex types; without prefixes in the query, for any resolver.
+  Readings<Elements> ownDeclarations;         ///< Of complex types, in the order of TypeProperties.
+  Readings<Templates::WideString> baseGroupKeys;  ///< Of base groups: text form of the key, empty for one passed over.
+};
 
 /// Walks from a type to the root of its base types, across imported documents.
 /// @param document  where the type is declared.
 /// @param typeName  as written, prefix included.
-/// @param known     declarations of types met before; those of new ones are added.
+/// @param known     of types met before; what is read of new ones is added.
 /// @throws Exceptions::SchemeDataMissingException  "The " name " declaration was not found"; "Type " base ", base type
 ///         for " name ", was not found"; while abstract groups are loaded "Definition of type " base ", base type for "
 ///         name ", was not found"; "Type " name " is its own base type"; or a base group without key.
 /// @throws Exceptions::InvalidULDesignator  a base group's key is malformed.
 /// @throws Exceptions::IOError, xercesc::SAXParseException  an import cannot be loaded.
 TypeProperties collectPropertyDeclarations(XSDLoaderImplData& data, xercesc::DOMDocument& document,
-                                           const Templates::WideString& typeName, OwnDeclarations& known);
+                                           const Templates::WideString& typeName, KnownTypes& known);
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

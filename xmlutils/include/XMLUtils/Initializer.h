@@ -16,7 +16,7 @@ class TESSELMXF_XMLUTILS_API Initializer {
   /// that needs them in its destructor calls this in its constructor.
   static Initializer& instance();
 
-  /// The DOM implementation whose documents evaluate XPath 2 through their DOMXPathEvaluator face, giving results of
+  /// The DOM implementation whose documents, parsed or created but not cloned, evaluate XPath 2 through their DOMXPathEvaluator face, giving results of
   /// the types DOMXPathResult::FIRST_RESULT_TYPE and DOMXPathResult::ITERATOR_RESULT_TYPE. Not owned by the caller.
   xercesc::DOMImplementation& domImplementation() const { return *implementation_; }
 

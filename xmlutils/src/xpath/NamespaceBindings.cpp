@@ -1,9 +1,12 @@
 #include "NamespaceBindings.h"
 
+#include "DocumentChanges.h"
+
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include <algorithm>
+#include <string_view>
 
 namespace MXF::Tessel::XMLUtils::XPath {
 
@@ -21,16 +24,18 @@ std::optional<std::u16string> lookUp(const xercesc::DOMXPathNSResolver& resolver
 
 }  // namespace
 
-const NodeBindings::Binding* NodeBindings::find(const XMLCh* prefix) const {
-  const auto binding =
-      std::find_if(bindings_.begin(), bindings_.end(), [prefix](const Binding& b) { return b.prefix == prefix; });
-  return binding == bindings_.end() ? nullptr : &*binding;
+NodeBindings::NodeBindings(const xercesc::DOMNode* node, std::size_t& clock)
+    : node_(node), changes_(changesOf(node)), clock_(clock), stamp_(++clock) {}
+
+std::size_t NodeBindings::stamp() const {
+  return changesOf(node_) == changes_ ? stamp_ : 0;
 }
 
 const XMLCh* NodeBindings::lookupNamespaceURI(const XMLCh* prefix) const {
   using xercesc::XMLString;
   using xercesc::XMLUni;
-  if (const Binding* binding = find(prefix)) return binding->uri.empty() ? nullptr : binding->uri.c_str();
+  const auto binding = bindings_.find(std::u16string_view(prefix));
+  if (binding != bindings_.end()) return binding->second.uri.empty() ? nullptr : binding->second.uri.c_str();
   if (XMLString::equals(prefix, XMLUni::fgXMLString)) return XMLUni::fgXMLURIName;
   if (XMLString::equals(prefix, XMLUni::fgXMLNSString)) return XMLUni::fgXMLNSURIName;
   // A name without prefix is in no namespace, whatever default the document declares.
@@ -41,22 +46,21 @@ const XMLCh* NodeBindings::lookupNamespaceURI(const XMLCh* prefix) const {
 
 const XMLCh* NodeBindings::lookupPrefix(const XMLCh* uri) const {
   if (*uri == u'\0') return nullptr;
-  const auto binding =
-      std::find_if(bindings_.begin(), bindings_.end(), [uri](const Binding& b) { return b.uri == uri; });
-  if (binding != bindings_.end()) return binding->prefix.c_str();
+  // Of several prefixes of one namespace, the one that was bound first.
+  auto earliest = bindings_.end();
+  for (auto binding = bindings_.begin(); binding != bindings_.end(); ++binding) {
+    const bool isEarlier = earliest == bindings_.end() || binding->second.added < earliest->second.added;
+    if (binding->second.uri == uri && isEarlier) earliest = binding;
+  }
+  if (earliest != bindings_.end()) return earliest->first.c_str();
   return node_ == nullptr ? nullptr : node_->lookupPrefix(uri);
 }
 
 void NodeBindings::addNamespaceBinding(const XMLCh* prefix, const XMLCh* uri) {
   const std::u16string newUri = uri == nullptr ? u"" : uri;
-  const auto binding =
-      std::find_if(bindings_.begin(), bindings_.end(), [prefix](const Binding& b) { return b.prefix == prefix; });
-  if (binding == bindings_.end()) {
-    bindings_.push_back({prefix, newUri});
-  } else {
-    binding->uri = newUri;
-  }
   stamp_ = ++clock_;
+  const auto [binding, isNew] = bindings_.try_emplace(prefix, Binding{newUri, stamp_});
+  if (!isNew) binding->second.uri = newUri;
 }
 
 const XMLCh* RecordedBindings::lookupNamespaceURI(const XMLCh* prefix) const {

@@ -4,6 +4,8 @@
 #include <xercesc/dom/DOMXPathNSResolver.hpp>
 
 #include <deque>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -15,7 +17,7 @@ class NodeBindings : public xercesc::DOMXPathNSResolver {
  public:
   /// @param node   may be null; outlives this object.
   /// @param clock  stamps the states of all resolvers that share it; outlives this object.
-  NodeBindings(const xercesc::DOMNode* node, std::size_t& clock) : node_(node), clock_(clock), stamp_(++clock) {}
+  NodeBindings(const xercesc::DOMNode* node, std::size_t& clock);
 
   const XMLCh* lookupNamespaceURI(const XMLCh* prefix) const override;
   const XMLCh* lookupPrefix(const XMLCh* uri) const override;
@@ -24,21 +26,20 @@ class NodeBindings : public xercesc::DOMXPathNSResolver {
   /// Does nothing: the document that made the resolver frees it.
   void release() override {}
 
-  /// Stands for the present bindings: no other resolver of the clock, and no other state of this one, has or had it.
-  /// Never 0.
-  std::size_t stamp() const { return stamp_; }
+  /// Stands for the present bindings: no other resolver of the clock, and no other state of this one, has or had it. 0 once
+  /// the node's document has been changed, which may change the bindings in scope.
+  std::size_t stamp() const;
   bool isStampedBy(const std::size_t& clock) const { return &clock_ == &clock; }
 
  private:
   struct Binding {
-    std::u16string prefix;
     std::u16string uri;
+    std::size_t added;  // by the clock
   };
 
-  const Binding* find(const XMLCh* prefix) const;
-
   const xercesc::DOMNode* node_;
-  std::deque<Binding> bindings_;  // look-ups hand out pointers into it
+  int changes_;                                              // of the node's document, at construction
+  std::map<std::u16string, Binding, std::less<>> bindings_;  // by prefix; look-ups hand out pointers into it
   std::size_t& clock_;
   std::size_t stamp_;
 };

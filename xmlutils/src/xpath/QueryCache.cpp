@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string_view>
+#include <utility>
 
 namespace MXF::Tessel::XMLUtils::XPath {
 
@@ -29,13 +30,15 @@ std::shared_ptr<DynamicContext> QueryCache::newContext() const {
 
 std::shared_ptr<CompiledQuery> QueryCache::compile(std::u16string_view text,
                                                    const xercesc::DOMXPathNSResolver& resolver) {
-  if (!sharedContext_) sharedContext_ = newContext();
+  // Nearly all queries do without the default modules, whose import costs ten times the rest, and can share a context. It
+  // is taken out while it compiles: no query is to see what a failed one may have left in it.
+  const std::shared_ptr<DynamicContext> context =
+      sharedContext_ ? std::exchange(sharedContext_, nullptr) : newContext();
   try {
-    // Nearly all queries do without the default modules, whose import costs ten times the rest, and can share a
-    // context.
-    return std::make_shared<CompiledQuery>(sharedContext_, text, resolver, CompiledQuery::Modules::None);
+    auto query = std::make_shared<CompiledQuery>(context, text, resolver, CompiledQuery::Modules::None);
+    sharedContext_ = context;
+    return query;
   } catch (const XQillaException&) {
-    sharedContext_.reset();  // no query is to see what the failed one may have left in it
     return std::make_shared<CompiledQuery>(newContext(), text, resolver, CompiledQuery::Modules::Default);
   }
 }

@@ -1,11 +1,11 @@
 #include "QueryResult.h"
 
 #include "CompiledQuery.h"
+#include "DocumentChanges.h"
 #include "ErrorTranslation.h"
 
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMException.hpp>
-#include <xercesc/dom/impl/DOMDocumentImpl.hpp>
 #include <xqilla/functions/FunctionNumber.hpp>
 #include <xqilla/items/ATBooleanOrDerived.hpp>
 #include <xqilla/items/AnyAtomicType.hpp>
@@ -24,13 +24,6 @@ using xercesc::DOMXPathException;
 using xercesc::DOMXPathResult;
 
 namespace {
-
-int changesOf(const DOMNode* node) {
-  if (node == nullptr) return 0;
-  const bool isDocument = node->getNodeType() == DOMNode::DOCUMENT_NODE;
-  const auto* document = isDocument ? static_cast<const xercesc::DOMDocument*>(node) : node->getOwnerDocument();
-  return document == nullptr ? 0 : static_cast<const xercesc::DOMDocumentImpl*>(document)->changes();
-}
 
 [[noreturn]] void throwNoSnapshot(DOMXPathResult::ResultType type) {
   const bool isFirst = type == DOMXPathResult::FIRST_RESULT_TYPE;

@@ -2,6 +2,7 @@
 
 #include "XPathDocument.h"
 
+#include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/dom/DOMException.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/parsers/DOMLSParserImpl.hpp>
@@ -32,6 +33,15 @@ class Parser : public xercesc::DOMLSParserImpl {
 };
 
 }  // namespace
+
+xercesc::DOMDocument* XPathImplementation::createDocument(const XMLCh* namespaceUri, const XMLCh* qualifiedName,
+                                                          xercesc::DOMDocumentType* doctype,
+                                                          xercesc::MemoryManager* manager) {
+  xercesc::DOMDocument* document = createDocument(manager);
+  if (doctype != nullptr) document->appendChild(doctype);
+  if (qualifiedName != nullptr) document->appendChild(document->createElementNS(namespaceUri, qualifiedName));
+  return document;
+}
 
 xercesc::DOMDocument* XPathImplementation::createDocument(xercesc::MemoryManager* manager) {
   return new (manager) XPathDocument(this, manager, std::make_shared<QueryCache>());

@@ -8,7 +8,8 @@ namespace MXF::Tessel::XMLUtils::XPath {
 /// their compiled queries, which go with the last of them.
 class XPathImplementation : public xercesc::DOMImplementationImpl {
  public:
-  using DOMImplementationImpl::createDocument;
+  xercesc::DOMDocument* createDocument(const XMLCh* namespaceUri, const XMLCh* qualifiedName,
+                                       xercesc::DOMDocumentType* doctype, xercesc::MemoryManager* manager) override;
   xercesc::DOMDocument* createDocument(xercesc::MemoryManager* manager) override;
   xercesc::DOMLSParser* createLSParser(DOMImplementationLSMode mode, const XMLCh* schemaType,
                                        xercesc::MemoryManager* manager, xercesc::XMLGrammarPool* grammarPool) override;
