@@ -35,12 +35,18 @@ DOMDocument* loadImport(XSDLoaderImplData& data, const WideString& path) {
   return document;
 }
 
-DOMDocument* findAmongImportsOf(XSDLoaderImplData& data, DOMDocument& from, const WideString& typeName,
-                                const WideString& namespaceUri) {
+SchemaIndex::Locations importLocations(XSDLoaderImplData& data, DOMDocument& from, const WideString& namespaceUri) {
+  if (const SchemaIndex* index = data.schemaIndexes.find(from, *data.nsResolver, namespaceUri)) {
+    return index->importLocations(namespaceUri);
+  }
   const WideString query = L"/xs:schema/xs:import[@namespace=" + queryLiteral(namespaceUri) + L"]/@schemaLocation";
   const auto values = selectAttributeValues(from, query, data.nsResolver);
-  const Templates::set<WideString> locations(values.begin(), values.end());
-  for (const WideString& location : locations) {
+  return {values.begin(), values.end()};
+}
+
+DOMDocument* findAmongImportsOf(XSDLoaderImplData& data, DOMDocument& from, const WideString& typeName,
+                                const WideString& namespaceUri) {
+  for (const WideString& location : importLocations(data, from, namespaceUri)) {
     DOMDocument* imported = loadImport(data, importedSchemaPath(data, location));
     if (findComplexType(data, *imported, typeName) != nullptr) return imported;
   }

@@ -44,15 +44,23 @@ SchemaIndex::SchemaIndex(const DOMDocument& document, const XMLCh* schemaNamespa
   if (root == nullptr || !isNamed(*root, schemaNamespace, u"schema")) return;
   // The first declaration in document order keeps the text.
   const auto add = [this](ByText& index, DOMElement& declaration, const XMLCh* attributeName) {
-    const xercesc::DOMAttr* attribute = declaration.getAttributeNodeNS(nullptr, attributeName);
-    if (attribute == nullptr) return;
-    if (hasType(*attribute)) isReliable_ = false;
-    index.emplace(XMLUtils::toWstring(attribute->getValue()), &declaration);
+    if (const auto text = textOf(declaration, attributeName)) index.emplace(*text, &declaration);
   };
   for (DOMElement* child = root->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
     if (isNamed(*child, schemaNamespace, u"complexType")) add(complexTypesByName_, *child, u"name");
     if (isNamed(*child, schemaNamespace, u"element")) add(elementsByType_, *child, u"type");
+    if (!isNamed(*child, schemaNamespace, u"import")) continue;
+    const auto namespaceUri = textOf(*child, u"namespace");
+    const auto location = textOf(*child, u"schemaLocation");
+    if (namespaceUri && location) locationsByNamespace_[*namespaceUri].insert(*location);
   }
+}
+
+std::optional<WideString> SchemaIndex::textOf(const DOMElement& declaration, const XMLCh* attributeName) {
+  const xercesc::DOMAttr* attribute = declaration.getAttributeNodeNS(nullptr, attributeName);
+  if (attribute == nullptr) return std::nullopt;
+  if (hasType(*attribute)) isReliable_ = false;
+  return XMLUtils::toWstring(attribute->getValue());
 }
 
 DOMElement* SchemaIndex::complexTypeNamed(const WideString& name) const {
@@ -63,6 +71,12 @@ DOMElement* SchemaIndex::complexTypeNamed(const WideString& name) const {
 DOMElement* SchemaIndex::elementOfType(const WideString& type) const {
   const auto entry = elementsByType_.find(type);
   return entry == elementsByType_.end() ? nullptr : entry->second;
+}
+
+const SchemaIndex::Locations& SchemaIndex::importLocations(const WideString& namespaceUri) const {
+  static const Locations none;
+  const auto entry = locationsByNamespace_.find(namespaceUri);
+  return entry == locationsByNamespace_.end() ? none : entry->second;
 }
 
 const SchemaIndex* SchemaIndexes::find(const DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver,

@@ -18,6 +18,8 @@ namespace MXF::Tessel::MetaMetadata::Loading {
 /// The top-level declarations of a document, by the attributes that look-ups go by.
 class SchemaIndex {
  public:
+  using Locations = Templates::set<Templates::WideString>;
+
   /// @param schemaNamespace  namespace in which "schema", "complexType" and "element" are meant.
   SchemaIndex(const xercesc::DOMDocument& document, const XMLCh* schemaNamespace);
 
@@ -28,13 +30,19 @@ class SchemaIndex {
   xercesc::DOMElement* complexTypeNamed(const Templates::WideString& name) const;
   /// What the query "/xs:schema/xs:element[@type='...']" finds first, or null.
   xercesc::DOMElement* elementOfType(const Templates::WideString& type) const;
+  /// The different values that the query "/xs:schema/xs:import[@namespace='...']/@schemaLocation" finds, in order.
+  const Locations& importLocations(const Templates::WideString& namespaceUri) const;
 
  private:
+  /// The attribute's value, if there is one. One with a type makes the index unreliable.
+  std::optional<Templates::WideString> textOf(const xercesc::DOMElement& declaration, const XMLCh* attributeName);
+
   using ByText = Templates::map<Templates::WideString, xercesc::DOMElement*>;
 
   bool isReliable_ = true;
   ByText complexTypesByName_;
   ByText elementsByType_;
+  Templates::map<Templates::WideString, Locations> locationsByNamespace_;
 };
 
 /// The indexes of a loader's documents, one for each document and each namespace that queries gave the prefix xs.
