@@ -34,6 +34,7 @@ void PropertyMap::operator delete(void* block, std::size_t size) noexcept {
 
 // Facets
 
+// NOLINTNEXTLINE(modernize-use-equals-default): the default is reported for a parameter that it does not use.
 MetaValueHolder& MetaValueHolder::operator=(const MetaValueHolder& /*other*/) {
   return *this;
 }
