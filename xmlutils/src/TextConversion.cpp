@@ -2,6 +2,9 @@
 #include <XMLUtils/TextConversion.h>
 #include <XMLUtils/UnicodeString.h>
 
+#include <algorithm>
+#include <string>
+
 namespace MXF::Tessel::XMLUtils {
 
 namespace {
@@ -12,7 +15,12 @@ Templates::basic_string<XMLCh> toXmlText(const Templates::WideString& codeUnits)
 
 }  // namespace
 
-UnicodeString::UnicodeString(const wchar_t* text) : text_(toXmlText(Utils::toCodeUnits(text))) {}
+UnicodeString::UnicodeString(const wchar_t* text) {
+  if (text == nullptr) return;
+  const wchar_t* end = text + std::char_traits<wchar_t>::length(text);
+  const bool isCodeUnits = std::all_of(text, end, [](wchar_t c) { return static_cast<char32_t>(c) <= 0xFFFF; });
+  text_ = isCodeUnits ? Templates::basic_string<XMLCh>(text, end) : toXmlText(Utils::toCodeUnits(text));
+}
 UnicodeString::UnicodeString(const char* text) : text_(toXmlText(Utils::stringToWstring(text))) {}
 UnicodeString::~UnicodeString() = default;
 

@@ -1,12 +1,16 @@
 #include "AttributeComparison.h"
 
 #include <xercesc/dom/DOMAttr.hpp>
+#include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/dom/DOMTypeInfo.hpp>
 #include <xercesc/util/XMLString.hpp>
 #include <xqilla/ast/StaticAnalysis.hpp>
 #include <xqilla/ast/XQAtomize.hpp>
 #include <xqilla/ast/XQLiteral.hpp>
+#include <xqilla/ast/XQStep.hpp>
+#include <xqilla/axis/NodeTest.hpp>
 #include <xqilla/context/Collation.hpp>
+#include <xqilla/context/DynamicContext.hpp>
 #include <xqilla/context/impl/CodepointCollation.hpp>
 #include <xqilla/items/ATBooleanOrDerived.hpp>
 #include <xqilla/operators/GeneralComp.hpp>
@@ -16,6 +20,7 @@
 namespace MXF::Tessel::XMLUtils::XPath {
 
 using xercesc::DOMAttr;
+using xercesc::DOMElement;
 using xercesc::DOMNode;
 using xercesc::XMLString;
 
@@ -25,6 +30,7 @@ namespace {
 struct TextComparison {
   const ASTNode* attributes = nullptr;
   const XMLCh* literal = nullptr;
+  const XMLCh* attributeName = nullptr;  ///< Set when the attributes are the one of this name, of the context element.
 
   explicit operator bool() const { return attributes != nullptr && literal != nullptr; }
 };
@@ -34,6 +40,17 @@ const ASTNode* attributesOf(const ASTNode& side) {
   if (side.getType() != ASTNode::ATOMIZE) return nullptr;
   const ASTNode* nodes = static_cast<const XQAtomize&>(side).getExpression();
   return nodes->getStaticAnalysis().getStaticType().isType(StaticType::ATTRIBUTE_TYPE) ? nodes : nullptr;
+}
+
+/// The name in a step like "@source": one attribute in no namespace. Null for any other expression.
+const XMLCh* attributeNameIn(const ASTNode* expression) {
+  if (expression == nullptr || expression->getType() != ASTNode::STEP) return nullptr;
+  const auto& step = static_cast<const XQStep&>(*expression);
+  const NodeTest* test = step.getNodeTest();
+  const bool isName = step.getAxis() == XQStep::ATTRIBUTE && test->getItemType() == nullptr &&
+                      !test->getNameWildcard() && !test->getNamespaceWildcard();
+  const bool isInNamespace = test->getNodeUri() != nullptr && *test->getNodeUri() != u'\0';
+  return isName && !isInNamespace ? test->getNodeName() : nullptr;
 }
 
 const XMLCh* stringLiteralOf(const ASTNode& side) {
@@ -49,7 +66,8 @@ TextComparison textComparisonOf(const GeneralComp& comparison) {
       XMLString::equals(comparison.getCollation()->getCollationName(), CodepointCollation::getCodepointCollationName());
   const VectorOfASTNodes& sides = comparison.getArguments();
   if (!isPlainEquality || sides.size() != 2) return {};
-  return {attributesOf(*sides[0]), stringLiteralOf(*sides[1])};
+  const ASTNode* attributes = attributesOf(*sides[0]);
+  return {attributes, stringLiteralOf(*sides[1]), attributeNameIn(attributes)};
 }
 
 bool hasType(const DOMAttr& attribute) {
@@ -67,6 +85,24 @@ class AttributeEqualsText : public GeneralComp {
   }
 
   BoolResult boolResult(DynamicContext* context) const override {
+    const DOMNode* element = sides_.attributeName == nullptr ? nullptr : contextNodeOf(*context);
+    if (element != nullptr && element->getNodeType() == DOMNode::ELEMENT_NODE) {
+      const DOMAttr* attribute =
+          static_cast<const DOMElement&>(*element).getAttributeNodeNS(nullptr, sides_.attributeName);
+      if (attribute == nullptr) return false;
+      if (!hasType(*attribute)) return XMLString::equals(attribute->getValue(), sides_.literal);
+    }
+    return compareAll(context);
+  }
+
+ private:
+  static const DOMNode* contextNodeOf(const DynamicContext& context) {
+    const Item::Ptr item = context.getContextItem();
+    if (item.isNull() || !item->isNode()) return nullptr;
+    return static_cast<const DOMNode*>(item->getInterface(XercesConfiguration::gXerces));
+  }
+
+  BoolResult compareAll(DynamicContext* context) const {
     Result attributes = sides_.attributes->createResult(context);
     for (Item::Ptr item = attributes->next(context); item.notNull(); item = attributes->next(context)) {
       const auto* node = static_cast<const DOMNode*>(item->getInterface(XercesConfiguration::gXerces));
@@ -76,7 +112,6 @@ class AttributeEqualsText : public GeneralComp {
     return false;
   }
 
- private:
   TextComparison sides_;
 };
 

@@ -5,12 +5,25 @@
 
 namespace MXF::Tessel::XMLUtils::XPath {
 
-/// Counts the changes of the document that the node is in; 0 for null.
-inline int changesOf(const xercesc::DOMNode* node) {
-  if (node == nullptr) return 0;
-  const bool isDocument = node->getNodeType() == xercesc::DOMNode::DOCUMENT_NODE;
-  const auto* document = isDocument ? static_cast<const xercesc::DOMDocument*>(node) : node->getOwnerDocument();
-  return document == nullptr ? 0 : static_cast<const xercesc::DOMDocumentImpl*>(document)->changes();
-}
+/// Tells whether the document that a node is in has been changed since this was made.
+class DocumentChanges {
+ public:
+  /// @param node  null stands for a document that never changes.
+  explicit DocumentChanges(const xercesc::DOMNode* node) : document_(documentOf(node)), changes_(count()) {}
+
+  bool any() const { return count() != changes_; }
+
+ private:
+  static const xercesc::DOMDocumentImpl* documentOf(const xercesc::DOMNode* node) {
+    if (node == nullptr) return nullptr;
+    const bool isDocument = node->getNodeType() == xercesc::DOMNode::DOCUMENT_NODE;
+    const auto* document = isDocument ? static_cast<const xercesc::DOMDocument*>(node) : node->getOwnerDocument();
+    return static_cast<const xercesc::DOMDocumentImpl*>(document);
+  }
+  int count() const { return document_ == nullptr ? 0 : document_->changes(); }
+
+  const xercesc::DOMDocumentImpl* document_;
+  int changes_;
+};
 
 }  // namespace MXF::Tessel::XMLUtils::XPath

@@ -1,7 +1,5 @@
 #include "NamespaceBindings.h"
 
-#include "DocumentChanges.h"
-
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
@@ -25,10 +23,10 @@ std::optional<std::u16string> lookUp(const xercesc::DOMXPathNSResolver& resolver
 }  // namespace
 
 NodeBindings::NodeBindings(const xercesc::DOMNode* node, std::size_t& clock)
-    : node_(node), changes_(changesOf(node)), clock_(clock), stamp_(++clock) {}
+    : node_(node), changes_(node), clock_(clock), stamp_(++clock) {}
 
 std::size_t NodeBindings::stamp() const {
-  return changesOf(node_) == changes_ ? stamp_ : 0;
+  return changes_.any() ? 0 : stamp_;
 }
 
 const XMLCh* NodeBindings::lookupNamespaceURI(const XMLCh* prefix) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DocumentChanges.h"
+
 #include <xercesc/dom/DOMNode.hpp>
 #include <xercesc/dom/DOMXPathNSResolver.hpp>
 
@@ -38,7 +40,7 @@ class NodeBindings : public xercesc::DOMXPathNSResolver {
   };
 
   const xercesc::DOMNode* node_;
-  int changes_;                                              // of the node's document, at construction
+  DocumentChanges changes_;
   std::map<std::u16string, Binding, std::less<>> bindings_;  // by prefix; look-ups hand out pointers into it
   std::size_t& clock_;
   std::size_t stamp_;

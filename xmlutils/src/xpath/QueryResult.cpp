@@ -1,7 +1,6 @@
 #include "QueryResult.h"
 
 #include "CompiledQuery.h"
-#include "DocumentChanges.h"
 #include "ErrorTranslation.h"
 
 #include <xercesc/dom/DOMDocument.hpp>
@@ -45,8 +44,7 @@ void QueryResult::evaluate(const DOMNode* contextNode, ResultType type, std::sha
     throw XQillaException(DOMException::NOT_SUPPORTED_ERR, u"Results are of type first or iterator.");
   }
   type_ = type;
-  contextNode_ = contextNode;
-  changes_ = changesOf(contextNode);
+  if (type == ITERATOR_RESULT_TYPE) changes_ = DocumentChanges(contextNode);
   try {
     translatingErrors([&] { start(contextNode); });
   } catch (...) {
@@ -123,7 +121,7 @@ bool QueryResult::getBooleanValue() const {
 }
 
 bool QueryResult::getInvalidIteratorState() const {
-  return type_ == ITERATOR_RESULT_TYPE && changesOf(contextNode_) != changes_;
+  return type_ == ITERATOR_RESULT_TYPE && changes_.any();
 }
 
 bool QueryResult::iterateNext() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "DocumentChanges.h"
+
 #include <xercesc/dom/DOMNode.hpp>
 #include <xercesc/dom/DOMXPathResult.hpp>
 #include <xqilla/context/DynamicContext.hpp>
@@ -50,9 +52,7 @@ class QueryResult : public xercesc::DOMXPathResult {
   ResultType type_ = FIRST_RESULT_TYPE;
   Result items_;
   Item::Ptr current_;
-  // Of the document that the context node is in, to tell whether it was changed during an iteration.
-  const xercesc::DOMNode* contextNode_ = nullptr;
-  int changes_ = 0;
+  DocumentChanges changes_{nullptr};  // of the context node's document, during an iteration
   std::shared_ptr<CompiledQuery> keepAlive_;
 };
 

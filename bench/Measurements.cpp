@@ -1,0 +1,82 @@
+#include "Measurements.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+
+namespace MXF::Tessel::Bench {
+
+namespace {
+
+class Collector : public benchmark::BenchmarkReporter {
+ public:
+  explicit Collector(std::map<std::string, std::vector<double>>& seconds) : seconds_(seconds) {}
+
+  bool ReportContext(const Context& /*context*/) override { return true; }
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.run_type != Run::RT_Iteration) continue;
+      const double seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
+      seconds_[run.run_name.function_name].push_back(seconds);
+    }
+  }
+
+ private:
+  std::map<std::string, std::vector<double>>& seconds_;
+};
+
+}  // namespace
+
+void Measurements::add(const std::string& name, std::function<double()> seconds) {
+  pending_.emplace_back(name, std::move(seconds));
+}
+
+void Measurements::run(int repetitions) {
+  std::vector<std::string> flags = {"loading_benchmark", "--benchmark_enable_random_interleaving=true"};
+  std::vector<char*> arguments;
+  for (std::string& flag : flags) arguments.push_back(flag.data());
+  int count = static_cast<int>(arguments.size());
+  benchmark::Initialize(&count, arguments.data());
+
+  for (const auto& [name, seconds] : pending_) {
+    const auto work = [&run = seconds](benchmark::State& state) {
+      for ([[maybe_unused]] auto iteration : state) state.SetIterationTime(run());
+    };
+    benchmark::RegisterBenchmark(name.c_str(), work)->UseManualTime()->Iterations(1)->Repetitions(repetitions);
+  }
+  Collector collector(seconds_);
+  benchmark::RunSpecifiedBenchmarks(&collector);
+  benchmark::ClearRegisteredBenchmarks();
+  pending_.clear();
+}
+
+double Measurements::median(const std::string& name) const {
+  return Bench::median(seconds_.at(name));
+}
+
+double median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  const std::size_t middle = values.size() / 2;
+  return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
+}
+
+double orderOfGrowth(const std::vector<std::pair<int, double>>& costsBySize) {
+  const auto count = static_cast<double>(costsBySize.size());
+  double x = 0;
+  double y = 0;
+  double xx = 0;
+  double xy = 0;
+  for (const auto& [size, cost] : costsBySize) {
+    const double logSize = std::log(size);
+    const double logCost = std::log(cost);
+    x += logSize;
+    y += logCost;
+    xx += logSize * logSize;
+    xy += logSize * logCost;
+  }
+  return (count * xy - x * y) / (count * xx - x * x);
+}
+
+}  // namespace MXF::Tessel::Bench
