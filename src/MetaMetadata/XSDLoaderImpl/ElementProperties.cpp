@@ -25,7 +25,7 @@ void setChildTagName(const XSDLoaderImplData& data, xercesc::DOMElement& declara
   element.accept(collection);
   if (collection.get() == nullptr) return;
   if (!addTextUnlessEmpty(data, declaration,
-                          L"./xs:complexType/xs:complexContent/*[@base]/xs:sequence/xs:element/@name",
+                          u"./xs:complexType/xs:complexContent/*[@base]/xs:sequence/xs:element/@name",
                           PropertyKeys::xmlChildTagName, element)) {
     throw Exceptions::InvalidMetaElementDeclaration("Empty name attribute", SourceNames::loaderImpl, __LINE__);
   }

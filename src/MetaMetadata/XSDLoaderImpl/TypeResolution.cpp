@@ -61,7 +61,7 @@ Chain walkToRoot(XSDLoaderImplData& data, DOMDocument& document, const WideStrin
                                        __LINE__);
     }
     link.baseName = known.baseNames.of(
-        *link.complexType, nullptr, [&] { return evaluateString(*link.complexType, L"./*/*/@base", data.nsResolver); });
+        *link.complexType, nullptr, [&] { return evaluateString(*link.complexType, u"./*/*/@base", data.nsResolver); });
     if (!link.baseName.empty()) link.baseDocument = &requireBaseDocument(data, link);
     chain.push_back(link);
     if (link.baseName.empty()) return chain;

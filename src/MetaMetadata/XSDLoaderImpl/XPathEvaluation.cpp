@@ -98,7 +98,11 @@ std::optional<WideString> firstText(DOMNode& context, const XMLCh* query, const 
 }
 
 WideString evaluateString(DOMNode& context, const WideString& query, const DOMXPathNSResolver* resolver) {
-  return firstText(context, UnicodeString(query.c_str()).utf16(), resolver).value_or(WideString());
+  return evaluateString(context, UnicodeString(query.c_str()).utf16(), resolver);
+}
+
+WideString evaluateString(DOMNode& context, const XMLCh* query, const DOMXPathNSResolver* resolver) {
+  return firstText(context, query, resolver).value_or(WideString());
 }
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

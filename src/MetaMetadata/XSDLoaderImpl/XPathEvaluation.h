@@ -41,5 +41,7 @@ std::optional<Templates::WideString> firstText(xercesc::DOMNode& context, const 
 /// The node value of firstNode(), empty when there is no such node.
 Templates::WideString evaluateString(xercesc::DOMNode& context, const Templates::WideString& query,
                                      const xercesc::DOMXPathNSResolver* resolver);
+Templates::WideString evaluateString(xercesc::DOMNode& context, const XMLCh* query,
+                                     const xercesc::DOMXPathNSResolver* resolver);
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

@@ -16,6 +16,11 @@ using Templates::WideString;
 
 bool addTextUnlessEmpty(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, const wchar_t* query,
                         const wchar_t* key, PropertyMap& properties) {
+  return addTextUnlessEmpty(data, declaration, XMLUtils::UnicodeString(query).utf16(), key, properties);
+}
+
+bool addTextUnlessEmpty(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, const XMLCh* query,
+                        const wchar_t* key, PropertyMap& properties) {
   const WideString text = evaluateString(declaration, query, data.nsResolver);
   if (text.empty()) return false;
   properties.addProperty(key, text.c_str());
@@ -31,12 +36,12 @@ void addRegistryName(const XSDLoaderImplData& data, xercesc::DOMElement& declara
 
 void addDocumentation(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, PropertyMap& properties) {
   if (!data.withDocumentation) return;
-  addTextUnlessEmpty(data, declaration, L"./xs:annotation/xs:documentation/text()", PropertyKeys::documentation,
+  addTextUnlessEmpty(data, declaration, u"./xs:annotation/xs:documentation/text()", PropertyKeys::documentation,
                      properties);
 }
 
 void addXmlName(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, PropertyMap& properties) {
-  addTextUnlessEmpty(data, declaration, L"./@name", PropertyKeys::xmlTagName, properties);
+  addTextUnlessEmpty(data, declaration, u"./@name", PropertyKeys::xmlTagName, properties);
   const WideString uri = targetNamespaceOf(*declaration.getOwnerDocument());
   properties.addProperty(PropertyKeys::xmlNamespaceURI, uri.c_str());
   const auto prefix = data.prefixByNamespace.find(uri);

@@ -25,6 +25,8 @@ void addDocumentation(const XSDLoaderImplData& data, xercesc::DOMElement& declar
 void addXmlName(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, PropertyMap& properties);
 
 /// Adds the property with the text of the query's first match, if that is not empty. @return whether it was added.
+bool addTextUnlessEmpty(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, const XMLCh* query,
+                        const wchar_t* key, PropertyMap& properties);
 bool addTextUnlessEmpty(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, const wchar_t* query,
                         const wchar_t* key, PropertyMap& properties);
 
