@@ -57,7 +57,8 @@ TEST(QueryResults, AreReleasedInAnyOrderAndAnyState) {
   do {
     Expression expression = reading.expression("n");
     std::vector<QueryResult> results;
-    for (const XMLSize_t branch : {0, 1, 2}) results.push_back(evaluate(expression, reading.branch(branch), iterator));
+    for (const XMLSize_t branch : {0U, 1U, 2U})
+      results.push_back(evaluate(expression, reading.branch(branch), iterator));
     EXPECT_EQ(nextOf(results[1]), "/0/1/0");
     for (const int next : order) {
       if (next == 3) {
