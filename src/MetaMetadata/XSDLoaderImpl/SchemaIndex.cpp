@@ -2,10 +2,10 @@
 
 #include "SchemaIndex.h"
 
+#include <XMLUtils/AttributeTypes.h>
 #include <XMLUtils/TextConversion.h>
 
 #include <xercesc/dom/DOMAttr.hpp>
-#include <xercesc/dom/DOMTypeInfo.hpp>
 #include <xercesc/util/XMLString.hpp>
 
 #include <algorithm>
@@ -21,12 +21,6 @@ namespace {
 bool isNamed(const DOMElement& element, const XMLCh* namespaceUri, const XMLCh* localName) {
   return xercesc::XMLString::equals(element.getLocalName(), localName) &&
          xercesc::XMLString::equals(element.getNamespaceURI(), namespaceUri);
-}
-
-/// Whether a DTD or a schema gives the attribute a type. Queries compare such an attribute by its typed value.
-bool hasType(const xercesc::DOMAttr& attribute) {
-  const xercesc::DOMTypeInfo* type = attribute.getSchemaTypeInfo();
-  return type != nullptr && type->getTypeName() != nullptr;
 }
 
 /// XPath reads a string literal as it stands but for line ends, which it may normalise. Ampersands and characters
@@ -59,7 +53,7 @@ SchemaIndex::SchemaIndex(const DOMDocument& document, const XMLCh* schemaNamespa
 std::optional<WideString> SchemaIndex::textOf(const DOMElement& declaration, const XMLCh* attributeName) {
   const xercesc::DOMAttr* attribute = declaration.getAttributeNodeNS(nullptr, attributeName);
   if (attribute == nullptr) return std::nullopt;
-  if (hasType(*attribute)) isReliable_ = false;
+  if (XMLUtils::hasType(*attribute)) isReliable_ = false;
   return XMLUtils::toWstring(attribute->getValue());
 }
 

@@ -1,8 +1,9 @@
 #include "AttributeComparison.h"
 
+#include <XMLUtils/AttributeTypes.h>
+
 #include <xercesc/dom/DOMAttr.hpp>
 #include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/dom/DOMTypeInfo.hpp>
 #include <xercesc/util/XMLString.hpp>
 #include <xqilla/ast/StaticAnalysis.hpp>
 #include <xqilla/ast/XQAtomize.hpp>
@@ -68,11 +69,6 @@ TextComparison textComparisonOf(const GeneralComp& comparison) {
   if (!isPlainEquality || sides.size() != 2) return {};
   const ASTNode* attributes = attributesOf(*sides[0]);
   return {attributes, stringLiteralOf(*sides[1]), attributeNameIn(attributes)};
-}
-
-bool hasType(const DOMAttr& attribute) {
-  const xercesc::DOMTypeInfo* type = attribute.getSchemaTypeInfo();
-  return type != nullptr && type->getTypeName() != nullptr;
 }
 
 /// Lives, like every node of a query, in its context's memory, and is never destroyed: it must own nothing.
