@@ -1,9 +1,12 @@
-// Reads a file into memory and parses it, with all the parser's ways to the outside closed.
+// Parses a file, with all the parser's ways to the outside closed.
 
-#include <Exceptions/Exceptions.h>
+#include "parsing/DocumentLimits.h"
+#include "parsing/DocumentSource.h"
+#include "parsing/FileContent.h"
+#include "parsing/Parser.h"
+
 #include <Utils/TextConversion.h>
 #include <XMLUtils/DocumentLoading.h>
-#include <XMLUtils/Released.h>
 #include <XMLUtils/TextConversion.h>
 #include <XMLUtils/UnicodeString.h>
 
@@ -18,68 +21,14 @@
 #include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
-#include <cerrno>
-#include <fcntl.h>
 #include <memory>
 #include <optional>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
 
 namespace MXF::Tessel::XMLUtils {
 
 namespace {
 
 using Templates::WideString;
-using FileContent = Templates::vector<XMLByte>;
-
-// Schemas use few entities or none; a bomb of nested entities needs millions of expansions.
-constexpr XMLSize_t entityExpansionLimit = 10'000;
-
-class FileDescriptor {
- public:
-  explicit FileDescriptor(const char* path) : descriptor_(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
-  FileDescriptor(const FileDescriptor&) = delete;
-  FileDescriptor& operator=(const FileDescriptor&) = delete;
-  ~FileDescriptor() {
-    if (isOpen()) close(descriptor_);
-  }
-
-  bool isOpen() const { return descriptor_ >= 0; }
-  int get() const { return descriptor_; }
-
- private:
-  int descriptor_;
-};
-
-[[noreturn]] void throwReadError(const wchar_t* path, int error) {
-  const WideString reason = Utils::stringToWstring(std::generic_category().message(error).c_str());
-  throw Exceptions::IOError((WideString(path) + L": " + reason).c_str(), "DocumentLoading", __LINE__);
-}
-
-/// The whole file, or nothing when it cannot be opened or is no regular file.
-std::optional<FileContent> readFile(const wchar_t* path) {
-  const FileDescriptor file(Utils::wstringToString(path).c_str());
-  if (!file.isOpen()) return std::nullopt;
-  struct stat status {};
-  if (fstat(file.get(), &status) != 0) throwReadError(path, errno);
-  // A schema names the files that it imports; a pipe or a device may never answer, or never end.
-  if (!S_ISREG(status.st_mode)) return std::nullopt;
-
-  FileContent content;
-  // One byte more than the file has, so that its end shows without growing the buffer.
-  content.resize(static_cast<std::size_t>(status.st_size) + 1);
-  std::size_t size = 0;
-  while (true) {
-    if (size == content.size()) content.resize(size * 2);
-    const ssize_t count = read(file.get(), content.data() + size, content.size() - size);
-    if (count == 0) break;
-    if (count > 0) size += static_cast<std::size_t>(count);
-    if (count < 0 && errno != EINTR) throwReadError(path, errno);
-  }
-  content.resize(size);
-  return content;
-}
 
 /// Keeps the first error that the parser reports and has it stop there.
 class FirstError : public xercesc::DOMErrorHandler {
@@ -140,7 +89,7 @@ class ParserSettings {
                              XMLUni::fgXercesCacheGrammarFromParse, XMLUni::fgXercesUseCachedGrammarInParse}) {
       configuration_.setParameter(off, false);
     }
-    limits_.setEntityExpansionLimit(entityExpansionLimit);
+    limits_.setEntityExpansionLimit(Limits::entityExpansions.count);
     setHandlers(&errors, &nothingOutside_, &limits_);
   }
   ParserSettings(const ParserSettings&) = delete;
@@ -170,7 +119,7 @@ xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSPa
   FirstError errors;
   const ParserSettings settings(parser, errors);
   const UnicodeString systemId(path);
-  xercesc::MemBufInputSource source(content->data(), content->size(), systemId.utf16());
+  DocumentSource source(*content, systemId.utf16(), dynamic_cast<Parser*>(&parser));
   const xercesc::Wrapper4InputSource input(&source, false);
   xercesc::DOMDocument* document = parser.parse(&input);
   errors.throwIfAny(path);

@@ -10,15 +10,20 @@ namespace MXF::Tessel::XMLUtils {
 /// Parses a file.
 ///
 /// Namespaces are on; validation and schema processing are off. An internal DTD subset is read and its entities are
-/// expanded inline as text, within a limit. External DTDs and entities are not loaded, and nothing is fetched from a
-/// network. Comments and CDATA sections are kept as nodes.
+/// expanded inline as text. External DTDs and entities are not loaded, and nothing is fetched from a network. Comments
+/// and CDATA sections are kept as nodes.
+///
+/// A document that exceeds one of the limits on size, nesting, attributes, names, entities and document types
+/// (SECURITY.md lists them) is treated like one that is not well-formed.
 ///
 /// @param path    any path of the file system, in UTF-16 code units; the file is opened by its UTF-8 form.
 /// @param parser  a parser of Initializer::domImplementation(); its settings are made here. It owns the document.
 /// @return the document, or null when the file cannot be opened or is no regular file, such as a directory or a pipe.
-/// @throws xercesc::SAXParseException  the content is not well-formed, or exceeds the limit: "PATH:LINE:COLUMN: " and
-///         the parser's text, with line and column also in the exception.
-/// @throws Exceptions::IOError  the file can be opened but not be read: the path, then ": " and the system's reason.
+/// @throws xercesc::SAXParseException  the content is not well-formed ("PATH:LINE:COLUMN: " and the parser's text) or
+///         exceeds a limit ("PATH:LINE:COLUMN: Limit exceeded: more than ..."), with line and column also in the
+///         exception.
+/// @throws Exceptions::IOError  the file can be opened but not be read (the path, then ": " and the system's reason), or
+///         is too large (the path, then ": Limit exceeded: more than 67108864 bytes in a file").
 TESSELMXF_XMLUTILS_API xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSParser& parser);
 
 }  // namespace MXF::Tessel::XMLUtils

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <Templates/Containers.h>
+#include <Utils/TextConversion.h>
+
+#include <cstddef>
+
+/// What a document may hold. Every limit is far above what schemas have, and low enough that no document keeps the
+/// parser busy, or fills the memory, out of proportion to its size.
+namespace MXF::Tessel::XMLUtils {
+
+/// A named bound.
+struct Limit {
+  std::size_t count;
+  const wchar_t* unit;
+};
+
+/// "Limit exceeded: more than COUNT UNIT"
+inline Templates::WideString messageOf(const Limit& limit) {
+  return L"Limit exceeded: more than " + Utils::toDecimal(static_cast<long long>(limit.count)) + L" " + limit.unit;
+}
+
+namespace Limits {
+
+/// The tree takes up to forty times the size of its file. The largest registry of the standard has 3 MB.
+constexpr Limit fileSize{std::size_t{64} << 20U, L"bytes in a file"};
+
+/// Schemas nest about a dozen levels. For every level the parser looks through those above when it resolves a prefix,
+/// and code that walks a tree may do so by recursion.
+constexpr Limit nesting{256, L"levels of nested elements"};
+
+/// A declaration has fewer than ten. Where the parser adds one to an element it moves those that sort after it.
+constexpr Limit attributes{1'000, L"attributes of an element"};
+
+/// Schemas bind a few dozen prefixes, all in the root element. Each is compared with those before it, and all that the
+/// parser has met in a document share about a hundred lists.
+constexpr Limit prefixesOfElement{1'000, L"namespace declarations of an element"};
+constexpr Limit prefixes{100'000, L"namespace declarations"};
+
+/// A schema uses some thirty names of elements and attributes. The parser looks each name up in a table whose lists
+/// grow with their number.
+constexpr Limit names{10'000, L"different names of elements and attributes"};
+
+/// Schemas use few entities or none. What entities can add to a document is at most the product of the two.
+constexpr Limit entityExpansions{10'000, L"expansions of entities"};
+constexpr Limit entityLength{4'096, L"characters in an entity"};
+
+/// The parser does not count expansions of parameter entities, and those of nested ones can double with each.
+constexpr Limit parameterEntityNesting{0, L"references in a parameter entity"};
+
+/// The schema for schemas has fewer than a hundred. Every element is compared with all attributes declared for it.
+constexpr Limit doctypeDeclarations{1'000, L"declarations in a document type"};
+/// Its own text, and that of parameter entities. Names in declared content are looked up like all others.
+constexpr Limit doctypeSize{std::size_t{1} << 20U, L"bytes in a document type"};
+constexpr Limit doctypeText{1'000'000, L"characters between the declarations of a document type"};
+
+/// A default value is repeated for every element that leaves the attribute out.
+constexpr Limit defaultValues{1'000'000, L"characters in default values of attributes"};
+
+}  // namespace Limits
+}  // namespace MXF::Tessel::XMLUtils

@@ -1,0 +1,163 @@
+#include "Parser.h"
+
+#include "xpath/XPathDocument.h"
+
+#include <XMLUtils/UnicodeString.h>
+
+#include <xercesc/dom/DOMElement.hpp>
+#include <xercesc/dom/impl/DOMElementImpl.hpp>
+#include <xercesc/dom/impl/DOMTextImpl.hpp>
+#include <xercesc/framework/XMLAttr.hpp>
+#include <xercesc/framework/XMLElementDecl.hpp>
+#include <xercesc/internal/XMLScanner.hpp>
+#include <xercesc/util/XMLString.hpp>
+#include <xercesc/util/XMLUni.hpp>
+#include <xercesc/validators/DTD/DTDEntityDecl.hpp>
+
+namespace MXF::Tessel::XMLUtils {
+
+namespace {
+
+constexpr bool isKnownVersion = XERCES_VERSION_MAJOR == 3 && XERCES_VERSION_MINOR == 2;
+
+/// Where a child keeps its siblings.
+xercesc::DOMChildNode& siblingsOf(xercesc::DOMNode& node) {
+  switch (node.getNodeType()) {
+    case xercesc::DOMNode::ELEMENT_NODE:
+      return static_cast<xercesc::DOMElementImpl&>(static_cast<xercesc::DOMElement&>(node)).fChild;
+    case xercesc::DOMNode::TEXT_NODE:
+      return static_cast<xercesc::DOMTextImpl&>(static_cast<xercesc::DOMText&>(node)).fChild;
+    default:
+      return *dynamic_cast<xercesc::HasDOMChildImpl&>(node).getChildNodeImpl();
+  }
+}
+
+/// Adds the text as the last child: the first child's previous sibling is the last.
+void appendText(xercesc::DOMParentNode& parent, xercesc::DOMTextImpl& text) {
+  text.fNode.fOwnerNode = parent.fContainingNode;
+  text.fNode.isOwned(true);
+  if (parent.fFirstChild == nullptr) {
+    parent.fFirstChild = &text;
+    text.fNode.isFirstChild(true);
+    text.fChild.previousSibling = &text;
+    return;
+  }
+  xercesc::DOMChildNode& first = siblingsOf(*parent.fFirstChild);
+  siblingsOf(*first.previousSibling).nextSibling = &text;
+  text.fChild.previousSibling = first.previousSibling;
+  first.previousSibling = &text;
+}
+
+}  // namespace
+
+Parser::Parser(XPath::XPathImplementation& implementation, xercesc::MemoryManager* manager,
+               xercesc::XMLGrammarPool* grammarPool)
+    : DOMLSParserImpl(nullptr, manager, grammarPool), implementation_(implementation), namespaces_(*this, manager) {
+  fScanner->setURIStringPool(&namespaces_);
+}
+
+void Parser::startDocument() {
+  budget_ = DocumentBudget();
+  fDocument = new (fMemoryManager) XPath::XPathDocument(&implementation_, fMemoryManager, queries_);
+  fCurrentParent = fDocument;
+  fCurrentNode = fDocument;
+  fDocument->setErrorChecking(false);  // until endDocument()
+  fDocument->setDocumentURI(fScanner->getLocator()->getSystemId());
+  fDocument->setInputEncoding(fScanner->getReaderMgr()->getCurrentEncodingStr());
+}
+
+void Parser::startElement(const xercesc::XMLElementDecl& declaration, unsigned int namespaceId, const XMLCh* prefix,
+                          const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, XMLSize_t attributeCount,
+                          bool isEmpty, bool isRoot) {
+  check(budget_.enterElement());
+  check(budget_.useName(prefix, declaration.getBaseName()));
+  check(budget_.haveAttributes(attributeCount));
+  for (XMLSize_t i = 0; i < attributeCount; ++i) {
+    const xercesc::XMLAttr& attribute = *attributes.elementAt(i);
+    check(budget_.useName(attribute.getPrefix(), attribute.getName()));
+    if (!attribute.getSpecified())
+      check(budget_.repeatDefaultValue(xercesc::XMLString::stringLen(attribute.getValue())));
+  }
+  DOMLSParserImpl::startElement(declaration, namespaceId, prefix, attributes, attributeCount, isEmpty, isRoot);
+}
+
+void Parser::endElement(const xercesc::XMLElementDecl& declaration, unsigned int namespaceId, bool isRoot,
+                        const XMLCh* prefix) {
+  budget_.leaveElement();
+  DOMLSParserImpl::endElement(declaration, namespaceId, isRoot, prefix);
+}
+
+void Parser::docCharacters(const XMLCh* characters, XMLSize_t length, bool isCdataSection) {
+  const bool beginsText = isKnownVersion && fWithinElement && !isCdataSection && getFilter() == nullptr &&
+                          fCurrentNode->getNodeType() != xercesc::DOMNode::TEXT_NODE &&
+                          fCurrentParent->getNodeType() == xercesc::DOMNode::ELEMENT_NODE;
+  if (!beginsText) {
+    DOMLSParserImpl::docCharacters(characters, length, isCdataSection);
+    return;
+  }
+  auto* text = static_cast<xercesc::DOMTextImpl*>(createText(characters, length));
+  appendText(static_cast<xercesc::DOMElementImpl*>(fCurrentParent)->fParent, *text);
+  fCurrentNode = text;
+}
+
+void Parser::startIntSubset() {
+  budget_.beginDoctype();
+  DOMLSParserImpl::startIntSubset();
+}
+
+void Parser::endIntSubset() {
+  budget_.endDoctype();
+  DOMLSParserImpl::endIntSubset();
+}
+
+void Parser::attDef(const xercesc::DTDElementDecl& element, const xercesc::DTDAttDef& attribute, bool isIgnored) {
+  check(budget_.declare());
+  DOMLSParserImpl::attDef(element, attribute, isIgnored);
+}
+
+void Parser::elementDecl(const xercesc::DTDElementDecl& declaration, bool isIgnored) {
+  check(budget_.declare());
+  DOMLSParserImpl::elementDecl(declaration, isIgnored);
+}
+
+void Parser::entityDecl(const xercesc::DTDEntityDecl& declaration, bool isParameterEntity, bool isIgnored) {
+  check(budget_.declareEntity(declaration.getValue(), isParameterEntity));
+  DOMLSParserImpl::entityDecl(declaration, isParameterEntity, isIgnored);
+}
+
+void Parser::notationDecl(const xercesc::XMLNotationDecl& declaration, bool isIgnored) {
+  check(budget_.declare());
+  DOMLSParserImpl::notationDecl(declaration, isIgnored);
+}
+
+void Parser::doctypeComment(const XMLCh* text) {
+  check(budget_.haveDoctypeText(xercesc::XMLString::stringLen(text)));
+  DOMLSParserImpl::doctypeComment(text);
+}
+
+void Parser::doctypePI(const XMLCh* target, const XMLCh* data) {
+  check(budget_.haveDoctypeText(xercesc::XMLString::stringLen(target) + xercesc::XMLString::stringLen(data)));
+  DOMLSParserImpl::doctypePI(target, data);
+}
+
+void Parser::doctypeWhitespace(const XMLCh* characters, XMLSize_t length) {
+  check(budget_.haveDoctypeText(length));
+  DOMLSParserImpl::doctypeWhitespace(characters, length);
+}
+
+unsigned int Parser::Namespaces::addOrFind(const XMLCh* namespaceUri) {
+  parser_.check(parser_.budget_.declarePrefix());
+  return XMLStringPool::addOrFind(namespaceUri);
+}
+
+void Parser::check(const Limit* exceeded) {
+  if (exceeded == nullptr) return;
+  const xercesc::Locator& where = *fScanner->getLocator();
+  constexpr auto code = xercesc::XMLErrs::XMLException_Fatal;
+  error(code, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal,
+        UnicodeString(messageOf(*exceeded).c_str()).utf16(), where.getSystemId(), where.getPublicId(),
+        where.getLineNumber(), where.getColumnNumber());
+  throw code;  // also where a handler wants to go on
+}
+
+}  // namespace MXF::Tessel::XMLUtils

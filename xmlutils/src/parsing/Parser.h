@@ -1,0 +1,70 @@
+#pragma once
+
+#include "DocumentBudget.h"
+#include "xpath/QueryCache.h"
+#include "xpath/XPathImplementation.h"
+
+#include <xercesc/parsers/DOMLSParserImpl.hpp>
+#include <xercesc/util/StringPool.hpp>
+
+#include <cstddef>
+#include <memory>
+
+namespace MXF::Tessel::XMLUtils {
+
+/// A parser that makes XPathDocuments and stops, as at text that is not well-formed, where a document exceeds a limit
+/// (DocumentLimits.h). Xerces-C could be told to take its documents from a registered implementation, but the
+/// registration is process-wide and outlives a library that is unloaded.
+class Parser : public xercesc::DOMLSParserImpl {
+ public:
+  Parser(XPath::XPathImplementation& implementation, xercesc::MemoryManager* manager,
+         xercesc::XMLGrammarPool* grammarPool);
+  Parser(const Parser&) = delete;
+  Parser& operator=(const Parser&) = delete;
+
+  void startDocument() override;
+  void startElement(const xercesc::XMLElementDecl& declaration, unsigned int namespaceId, const XMLCh* prefix,
+                    const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, XMLSize_t attributeCount, bool isEmpty,
+                    bool isRoot) override;
+  void endElement(const xercesc::XMLElementDecl& declaration, unsigned int namespaceId, bool isRoot,
+                  const XMLCh* prefix) override;
+  /// Appends a text to the current element. Xerces-C finds the parts of each node that it links by half a dozen run-time
+  /// casts, a third of what parsing costs; texts and elements, whose classes are known here, are linked without. Only with
+  /// the version whose nodes are known to be linked like this.
+  void docCharacters(const XMLCh* characters, XMLSize_t length, bool isCdataSection) override;
+
+  void startIntSubset() override;
+  void endIntSubset() override;
+  void attDef(const xercesc::DTDElementDecl& element, const xercesc::DTDAttDef& attribute, bool isIgnored) override;
+  void elementDecl(const xercesc::DTDElementDecl& declaration, bool isIgnored) override;
+  void entityDecl(const xercesc::DTDEntityDecl& declaration, bool isParameterEntity, bool isIgnored) override;
+  void notationDecl(const xercesc::XMLNotationDecl& declaration, bool isIgnored) override;
+  void doctypeComment(const XMLCh* text) override;
+  void doctypePI(const XMLCh* target, const XMLCh* data) override;
+  void doctypeWhitespace(const XMLCh* characters, XMLSize_t length) override;
+
+  /// Told by the source of the document, as it is read.
+  void countRead(std::size_t bytes) { check(budget_.read(bytes)); }
+
+ private:
+  /// The pool in which the scanner keeps namespaces. It is asked for one whenever an element declares a prefix, long
+  /// before the element is reported.
+  class Namespaces : public xercesc::XMLStringPool {
+   public:
+    Namespaces(Parser& parser, xercesc::MemoryManager* manager) : XMLStringPool(manager), parser_(parser) {}
+    unsigned int addOrFind(const XMLCh* namespaceUri) override;
+
+   private:
+    Parser& parser_;
+  };
+
+  /// Stops the parser if the document has exceeded a limit.
+  void check(const Limit* exceeded);
+
+  XPath::XPathImplementation& implementation_;
+  std::shared_ptr<XPath::QueryCache> queries_ = std::make_shared<XPath::QueryCache>();
+  DocumentBudget budget_;
+  Namespaces namespaces_;
+};
+
+}  // namespace MXF::Tessel::XMLUtils
