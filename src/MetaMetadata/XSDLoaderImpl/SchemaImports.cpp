@@ -36,7 +36,7 @@ DOMDocument* loadImport(XSDLoaderImplData& data, const WideString& path) {
 }
 
 SchemaIndex::Locations importLocations(XSDLoaderImplData& data, DOMDocument& from, const WideString& namespaceUri) {
-  if (const SchemaIndex* index = data.schemaIndexes.find(from, *data.nsResolver, namespaceUri)) {
+  if (const SchemaIndex* index = data.schemaIndexes.find(from, *data.nsResolver)) {
     return index->importLocations(namespaceUri);
   }
   const WideString query = L"/xs:schema/xs:import[@namespace=" + queryLiteral(namespaceUri) + L"]/@schemaLocation";
@@ -57,7 +57,7 @@ DOMDocument* findAmongImportsOf(XSDLoaderImplData& data, DOMDocument& from, cons
 
 DOMElement* findComplexType(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
   const WideString name = qnameLocalPart(typeName);
-  if (const SchemaIndex* index = data.schemaIndexes.find(document, *data.nsResolver, name)) {
+  if (const SchemaIndex* index = data.schemaIndexes.find(document, *data.nsResolver)) {
     return index->complexTypeNamed(name);
   }
   const WideString query = L"/xs:schema/xs:complexType[@name=" + queryLiteral(name) + L"]";

@@ -8,8 +8,6 @@
 #include <xercesc/dom/DOMAttr.hpp>
 #include <xercesc/util/XMLString.hpp>
 
-#include <algorithm>
-
 namespace MXF::Tessel::MetaMetadata::Loading {
 
 using Templates::WideString;
@@ -23,12 +21,15 @@ bool isNamed(const DOMElement& element, const XMLCh* namespaceUri, const XMLCh* 
          xercesc::XMLString::equals(element.getNamespaceURI(), namespaceUri);
 }
 
-/// XPath reads a string literal as it stands but for line ends, which it may normalise. Ampersands and characters
-/// outside the first plane are left to it as well.
-bool isReadLiterally(const WideString& text) {
-  return std::all_of(text.begin(), text.end(), [](wchar_t c) {
-    return (c >= L' ' && c < 0x7F && c != L'&') || (c >= 0xA0 && c < 0x2000) || (c >= 0x3000 && c < 0xD800);
-  });
+/// The text that a query compares with: XPath reads a string literal as it stands, but for line ends.
+WideString asInQuery(const WideString& text) {
+  WideString result;
+  for (auto c = text.begin(); c != text.end(); ++c) {
+    if (*c != L'\r') result += *c;
+    const bool endsLine = *c == L'\r' && (c + 1 == text.end() || *(c + 1) != L'\n');
+    if (endsLine) result += L'\n';
+  }
+  return result;
 }
 
 }  // namespace
@@ -58,26 +59,24 @@ std::optional<WideString> SchemaIndex::textOf(const DOMElement& declaration, con
 }
 
 DOMElement* SchemaIndex::complexTypeNamed(const WideString& name) const {
-  const auto entry = complexTypesByName_.find(name);
+  const auto entry = complexTypesByName_.find(asInQuery(name));
   return entry == complexTypesByName_.end() ? nullptr : entry->second;
 }
 
 DOMElement* SchemaIndex::elementOfType(const WideString& type) const {
-  const auto entry = elementsByType_.find(type);
+  const auto entry = elementsByType_.find(asInQuery(type));
   return entry == elementsByType_.end() ? nullptr : entry->second;
 }
 
 const SchemaIndex::Locations& SchemaIndex::importLocations(const WideString& namespaceUri) const {
   static const Locations none;
-  const auto entry = locationsByNamespace_.find(namespaceUri);
+  const auto entry = locationsByNamespace_.find(asInQuery(namespaceUri));
   return entry == locationsByNamespace_.end() ? none : entry->second;
 }
 
-const SchemaIndex* SchemaIndexes::find(const DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver,
-                                       const WideString& text) {
+const SchemaIndex* SchemaIndexes::find(const DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver) {
   const XMLCh* schemaNamespace = resolver.lookupNamespaceURI(u"xs");
   if (schemaNamespace == nullptr || *schemaNamespace == u'\0') return nullptr;
-  if (!isReadLiterally(text)) return nullptr;
   auto& index = indexes_[{&document, schemaNamespace}];
   if (!index) index = std::make_unique<const SchemaIndex>(document, schemaNamespace);
   return index->isReliable() ? index.get() : nullptr;

@@ -48,11 +48,9 @@ class SchemaIndex {
 /// The indexes of a loader's documents, one for each document and each namespace that queries gave the prefix xs.
 class SchemaIndexes {
  public:
-  /// The index that answers a query for the text on the document under the resolver, or null when only the query itself
-  /// can be trusted to: the prefix is not bound (the query fails), the text has characters that XPath does not read
-  /// literally, or the index is not reliable.
-  const SchemaIndex* find(const xercesc::DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver,
-                          const Templates::WideString& text);
+  /// The index that answers queries on the document under the resolver, or null when only a query itself can be trusted
+  /// to: the prefix is not bound (the query fails), or the index is not reliable.
+  const SchemaIndex* find(const xercesc::DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver);
 
  private:
   std::map<std::pair<const xercesc::DOMDocument*, std::u16string>, std::unique_ptr<const SchemaIndex>> indexes_;

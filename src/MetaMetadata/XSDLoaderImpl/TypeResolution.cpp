@@ -71,7 +71,7 @@ Chain walkToRoot(XSDLoaderImplData& data, DOMDocument& document, const WideStrin
 }
 
 DOMElement* findElementOfType(XSDLoaderImplData& data, DOMDocument& document, const WideString& type) {
-  if (const SchemaIndex* index = data.schemaIndexes.find(document, *data.nsResolver, type)) {
+  if (const SchemaIndex* index = data.schemaIndexes.find(document, *data.nsResolver)) {
     return index->elementOfType(type);
   }
   const WideString query = L"/xs:schema/xs:element[@type=" + queryLiteral(type) + L"]";
