@@ -65,6 +65,8 @@ auto_ptr<MetaAttribute> buildAttribute(const XSDLoaderImplData& data, xercesc::D
                                        SchemeState& state) {
   const PropertyAnnotations& annotations =
       state.annotations.of(declaration, data.nsResolver, [&] { return readPropertyAnnotations(data, declaration); });
+  data.budget->takeAttribute();
+  data.budget->takeRepeatedText(annotations.distinguishedValue.size() + annotations.semanticsValidation.size());
   const WideString reference = attributeOf(declaration, u"ref");
   const Status status = requiredStatus(annotations);
   auto_ptr<LocalTag> tag = localTag(annotations);
@@ -78,7 +80,9 @@ auto_ptr<MetaAttribute> buildAttribute(const XSDLoaderImplData& data, xercesc::D
     state.pendingLocalTags.emplace_back(std::move(tag), element.universalLabel());
   }
   attribute->addProperty(PropertyKeys::requiresSemanticsValidation, annotations.semanticsValidation.c_str());
-  attribute->addProperty(PropertyKeys::xmlNamespaceURI, targetNamespaceOf(*declaration.getOwnerDocument()).c_str());
+  const WideString namespaceUri = targetNamespaceOf(*declaration.getOwnerDocument());
+  data.budget->takeRepeatedText(namespaceUri.size());
+  attribute->addProperty(PropertyKeys::xmlNamespaceURI, namespaceUri.c_str());
   attribute->addProperty(PropertyKeys::requiredStatus, AttributeRequiredStatus::instance().toString(status));
   attribute->addProperty(PropertyKeys::universalLabel,
                          attribute->metaElement().universalLabel().toString(textForm).c_str());

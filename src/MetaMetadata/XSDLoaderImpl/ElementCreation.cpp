@@ -86,6 +86,7 @@ WideString referencedSetList(const XSDLoaderImplData& data, xercesc::DOMElement&
        selectAttributeValues(declaration, L"./*/*/*/xs:choice/xs:element/@ref", data.nsResolver)) {
     if (value.find(referenceElementMark) != WideString::npos) continue;
     const WideString uri = namespaceForPrefix(*declaration.getOwnerDocument(), qnamePrefix(value));
+    data.budget->takeRepeatedText(uri.size());
     appendPendingReference(list, qnameLocalPart(value), uri);
   }
   return list;

@@ -7,6 +7,12 @@
 #include "Names.h"
 #include "XPathEvaluation.h"
 
+#include <Utils/TextConversion.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <system_error>
+
 namespace MXF::Tessel::MetaMetadata::Loading {
 
 using Templates::WideString;
@@ -18,9 +24,17 @@ namespace {
 DOMDocument* findAmongLoadedImports(XSDLoaderImplData& data, const WideString& typeName,
                                     const WideString& namespaceUri) {
   for (DOMDocument* candidate : data.importedDocuments.ofNamespace(namespaceUri)) {
+    data.budget->takeTypeLookups(1);
     if (findComplexType(data, *candidate, typeName) != nullptr) return candidate;
   }
   return nullptr;
+}
+
+/// 0 for a file that is not there: reading it tells.
+std::size_t sizeOfFile(const WideString& path) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(Utils::wstringToString(path.c_str()).c_str(), error);
+  return error ? 0 : size;
 }
 
 /// Loads the import, or takes up the one that was loaded from the same path: its bindings become those of all later
@@ -30,6 +44,7 @@ DOMDocument* loadImport(XSDLoaderImplData& data, const WideString& path) {
     data.nsResolver = imported->nsResolver;
     return imported->document;
   }
+  data.budget->takeImport(sizeOfFile(path));
   DOMDocument* document = loadDocument(data, path);
   data.importedDocuments.add(path, {document, data.nsResolver});
   return document;
@@ -46,7 +61,9 @@ SchemaIndex::Locations importLocations(XSDLoaderImplData& data, DOMDocument& fro
 
 DOMDocument* findAmongImportsOf(XSDLoaderImplData& data, DOMDocument& from, const WideString& typeName,
                                 const WideString& namespaceUri) {
-  for (const WideString& location : importLocations(data, from, namespaceUri)) {
+  const SchemaIndex::Locations locations = importLocations(data, from, namespaceUri);
+  data.budget->takeTypeLookups(locations.size());
+  for (const WideString& location : locations) {
     DOMDocument* imported = loadImport(data, importedSchemaPath(data, location));
     if (findComplexType(data, *imported, typeName) != nullptr) return imported;
   }

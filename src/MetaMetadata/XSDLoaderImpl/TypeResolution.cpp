@@ -55,6 +55,7 @@ Chain walkToRoot(XSDLoaderImplData& data, DOMDocument& document, const WideStrin
   WideString name = typeName;
   DOMDocument* declaringDocument = &document;
   while (true) {
+    data.budget->takeTypeLookups(1);
     ChainLink link{name, &requireComplexType(data, *declaringDocument, name), {}};
     if (!met.insert(link.complexType).second) {
       throw SchemeDataMissingException((L"Type " + name + L" is its own base type").c_str(), SourceNames::loaderImpl,

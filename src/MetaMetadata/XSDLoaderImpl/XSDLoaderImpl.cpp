@@ -20,6 +20,7 @@ namespace {
 xercesc::DOMDocument& openDocument(XSDLoaderImplData& data, const WideString& path) {
   data.documentPath = path;
   toForwardSlashes(data.documentPath);
+  *data.budget = LoadBudget();
   return *translatingSaxErrors(SourceNames::loaderImpl, __LINE__, [&] { return loadDocument(data, path); });
 }
 

@@ -1,16 +1,19 @@
 #pragma once
 
 #include "ImportedDocuments.h"
+#include "LoadBudget.h"
 #include "QuerySet.h"
 #include "SchemaIndex.h"
 
 #include <Templates/Containers.h>
+#include <Templates/auto_ptr.h>
 #include <XMLUtils/Released.h>
 
 #include <xercesc/dom/DOMLSParser.hpp>
 #include <xercesc/dom/DOMXPathNSResolver.hpp>
 
 #include <cstddef>
+#include <memory>
 
 namespace MXF::Tessel::MetaMetadata::Loading {
 
@@ -37,6 +40,8 @@ struct XSDLoaderImplData {
   xercesc::DOMXPathNSResolver* nsResolver = nullptr;
   XMLUtils::Released<xercesc::DOMLSParser> parser;
   QuerySet queries;
+  /// Of the current load. What a pass only reads of the state has its share in it all the same.
+  Templates::auto_ptr<LoadBudget> budget = std::make_unique<LoadBudget>();
 };
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

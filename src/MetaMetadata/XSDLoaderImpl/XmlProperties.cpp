@@ -49,6 +49,7 @@ void addXmlName(const XSDLoaderImplData& data, xercesc::DOMElement& declaration,
     throw InvalidMetaElementDeclaration((L"No default prefix defined for namespace: " + uri).c_str(),
                                         SourceNames::loaderImpl, __LINE__);
   }
+  data.budget->takeRepeatedText(uri.size() + prefix->second.size());
   properties.addProperty(PropertyKeys::xmlDefaultPrefix, prefix->second.c_str());
 }
 

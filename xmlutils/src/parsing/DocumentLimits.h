@@ -1,7 +1,6 @@
 #pragma once
 
-#include <Templates/Containers.h>
-#include <Utils/TextConversion.h>
+#include <Utils/Limit.h>
 
 #include <cstddef>
 
@@ -9,16 +8,7 @@
 /// parser busy, or fills the memory, out of proportion to its size.
 namespace MXF::Tessel::XMLUtils {
 
-/// A named bound.
-struct Limit {
-  std::size_t count;
-  const wchar_t* unit;
-};
-
-/// "Limit exceeded: more than COUNT UNIT"
-inline Templates::WideString messageOf(const Limit& limit) {
-  return L"Limit exceeded: more than " + Utils::toDecimal(static_cast<long long>(limit.count)) + L" " + limit.unit;
-}
+using Utils::Limit;
 
 namespace Limits {
 

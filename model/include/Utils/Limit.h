@@ -1,0 +1,21 @@
+#pragma once
+
+#include <Templates/Containers.h>
+#include <Utils/TextConversion.h>
+
+#include <cstddef>
+
+namespace MXF::Tessel::Utils {
+
+/// A named bound on what a document may ask for.
+struct Limit {
+  std::size_t count;
+  const wchar_t* unit;
+};
+
+/// What an exception says when the limit is exceeded: "Limit exceeded: more than COUNT UNIT".
+inline Templates::WideString messageOf(const Limit& limit) {
+  return L"Limit exceeded: more than " + toDecimal(static_cast<long long>(limit.count)) + L" " + limit.unit;
+}
+
+}  // namespace MXF::Tessel::Utils

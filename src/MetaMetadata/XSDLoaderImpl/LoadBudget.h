@@ -1,0 +1,46 @@
+#pragma once
+
+#include <Utils/Limit.h>
+
+#include <cstddef>
+
+/// What one load may ask for. Small schemas can ask for much: types and sets repeat what they inherit, declarations
+/// repeat the namespace, and imports can be written so that a few files are read again and again. Every limit is
+/// hundreds of times what the schemas of the standard need.
+namespace MXF::Tessel::MetaMetadata::Loading {
+
+namespace Limits {
+
+/// Each set has all attributes of its base types, and each attribute takes about two kilobytes.
+constexpr Utils::Limit attributes{500'000, L"attributes of sets in a load"};
+
+/// Chains of base types are walked anew for every set, and a type is looked for in one import after the other.
+constexpr Utils::Limit typeLookups{2'000'000, L"look-ups of types in a load"};
+
+/// Namespaces, prefixes and values that elements, sets and attributes have in common; each keeps its own copy.
+constexpr Utils::Limit repeatedText{100'000'000, L"characters of repeated texts in a load"};
+
+/// A path is read once, but a file has many paths. Documents stay until the loader is destroyed.
+constexpr Utils::Limit importedBytes{std::size_t{256} << 20U, L"bytes of imported files in a load"};
+
+}  // namespace Limits
+
+/// Counts what a load has used of its limits.
+class LoadBudget {
+ public:
+  // Each throws Exceptions::InvalidValue when its limit is exceeded.
+  void takeAttribute() { take(attributes_, 1, Limits::attributes); }
+  void takeTypeLookups(std::size_t count) { take(typeLookups_, count, Limits::typeLookups); }
+  void takeRepeatedText(std::size_t length) { take(repeatedText_, length, Limits::repeatedText); }
+  void takeImport(std::size_t bytes) { take(importedBytes_, bytes, Limits::importedBytes); }
+
+ private:
+  static void take(std::size_t& used, std::size_t amount, const Utils::Limit& limit);
+
+  std::size_t attributes_ = 0;
+  std::size_t typeLookups_ = 0;
+  std::size_t repeatedText_ = 0;
+  std::size_t importedBytes_ = 0;
+};
+
+}  // namespace MXF::Tessel::MetaMetadata::Loading
