@@ -3,6 +3,7 @@
 #include <Exceptions/Exceptions.h>
 #include <Utils/TextConversion.h>
 
+#include <new>
 #include <utility>
 
 namespace MXF::Tessel::Exceptions {
@@ -16,8 +17,9 @@ BaseException::BaseException(const char* message, const char* sourceFile, int li
     : BaseException(Utils::stringToWstring(message), sourceFile, line) {}
 
 BaseException::BaseException(WideString message, const char* sourceFile, int line) {
-  const WideString what = message + L" [" + Utils::stringToWstring(sourceFile) + L":" + Utils::toDecimal(line) + L"]";
-  texts_ = std::make_shared<const Texts>(Texts{std::move(message), what});
+  const WideString throwSite = L" [" + Utils::stringToWstring(sourceFile) + L":" + Utils::toDecimal(line) + L"]";
+  const WideString what = message + throwSite;
+  texts_ = std::make_shared<const Texts>(Texts{std::move(message), throwSite, what, {}});
 }
 
 BaseException::BaseException(const BaseException& other) noexcept = default;
@@ -32,6 +34,21 @@ const wchar_t* BaseException::what() const {
 }
 int BaseException::code() const {
   return 0;
+}
+
+void BaseException::setDeclaration(const Utils::SourceLocation& declaration) noexcept {
+  try {
+    const WideString what = texts_->message + L" (declared at " + declaration.toString() + L")" + texts_->throwSite;
+    texts_ = std::make_shared<const Texts>(Texts{texts_->message, texts_->throwSite, what, declaration});
+  } catch (const std::bad_alloc&) {  // better the fault without its place than no fault
+  }
+}
+
+void BaseException::setLocation(const Utils::SourceLocation& location) noexcept {
+  try {
+    texts_ = std::make_shared<const Texts>(Texts{texts_->message, texts_->throwSite, texts_->what, location});
+  } catch (const std::bad_alloc&) {  // as above
+  }
 }
 
 int InvalidValue::code() const {

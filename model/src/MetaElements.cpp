@@ -9,7 +9,10 @@ namespace MXF::Tessel::MetaMetadata {
 
 // PropertyMap
 
-PropertyMap& PropertyMap::operator=(const PropertyMap& other) = default;
+PropertyMap& PropertyMap::operator=(const PropertyMap& other) {
+  properties_ = other.properties_;
+  return *this;
+}
 PropertyMap::~PropertyMap() = default;
 
 void PropertyMap::addProperty(const wchar_t* key, const wchar_t* value) {

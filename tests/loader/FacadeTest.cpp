@@ -166,7 +166,9 @@ TEST(Facade, EveryThrowSiteNamesItsSource) {
       action();
       ADD_FAILURE() << source;
     } catch (const Exceptions::BaseException& e) {
-      const std::string start = narrow(e.message()) + " [" + source + ":";
+      const std::string declaration =
+          e.location().isKnown() ? " (declared at " + narrow(e.location().toString()) + ")" : "";
+      const std::string start = narrow(e.message()) + declaration + " [" + source + ":";
       EXPECT_EQ(narrow(e.what()).substr(0, start.size()), start);
     }
   }

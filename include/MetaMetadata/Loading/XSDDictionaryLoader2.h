@@ -25,8 +25,9 @@ class XSDDictionaryLoader2Impl;
 /// file but the one given and the ones that it imports by location is ever opened, and nothing is ever fetched from a
 /// network.
 ///
-/// Every failure is an exception. After any failure the loader stays usable and keeps its flavour and options. Beside the
-/// exceptions named at each operation, any may throw std::bad_alloc; one thrown inside the dictionary pass becomes
+/// Every failure is an exception. After any failure the loader stays usable and keeps its flavour and options. An
+/// exception of ours that is about a declaration tells where that is (BaseException::location()), in the given document
+/// or an import; what is loaded tells the same of itself (PropertyMap::origin()). Beside the exceptions named at each operation, any may throw std::bad_alloc; one thrown inside the dictionary pass becomes
 /// Exceptions::ParseError "Unknown error in Xerces or XQilla".
 ///
 /// Threads: one loader, and the dictionary it fills, are used by one thread at a time. Loaders share nothing that

@@ -2,7 +2,9 @@
 
 #include <Platform/Export.h>
 #include <Templates/Containers.h>
+#include <Utils/SourceLocation.h>
 
+#include <cstdint>
 #include <memory>
 
 namespace MXF::Tessel::Exceptions {
@@ -24,16 +26,34 @@ class TESSELMXF_MODEL_API BaseException {
 
   /// The message alone. Valid while the exception lives.
   virtual const wchar_t* message() const;
-  /// The message, then " [", the source file of the throw site, ":", its line, and "]". Valid while the exception
-  /// lives.
+  /// The message, then, if the fault is in a declaration, " (declared at PATH:LINE:COLUMN)", then " [", the source file of
+  /// the throw site, ":", its line, and "]". Valid while the exception lives.
   virtual const wchar_t* what() const;
   /// The class's fixed number (Exceptions/Exceptions.h); 0 for the root itself.
   virtual int code() const;
 
+  /// Where in a schema the fault is: the declaration that a pass worked on, or the place that the parser reports.
+  /// Unknown for all other failures.
+  const Utils::SourceLocation& location() const { return texts_->location; }
+  /// Of location(): the path as it was opened, empty if it is not known. Valid while the exception lives.
+  const wchar_t* path() const { return location().path(); }
+  /// Of location(), counted from 1; 0 if it is not known.
+  std::uint32_t line() const { return location().line(); }
+  /// Of location(), counted from 1; 0 if it is not known.
+  std::uint32_t column() const { return location().column(); }
+
+  /// Tells in which declaration the fault is: in location() and what(), not in message(). Changes this exception alone,
+  /// not its copies. Without memory for the text the exception stays as it is.
+  void setDeclaration(const Utils::SourceLocation& declaration) noexcept;
+  /// Tells where the fault is, in location() alone: for a message that names the place itself.
+  void setLocation(const Utils::SourceLocation& location) noexcept;
+
  private:
   struct Texts {
     Templates::WideString message;
+    Templates::WideString throwSite;
     Templates::WideString what;
+    Utils::SourceLocation location;
   };
 
   BaseException(Templates::WideString message, const char* sourceFile, int line);

@@ -2,6 +2,7 @@
 
 #include <Platform/Export.h>
 #include <Templates/Containers.h>
+#include <Utils/SourceLocation.h>
 
 #include <cstddef>
 
@@ -17,7 +18,7 @@ class TESSELMXF_MODEL_API PropertyMap {
 
   PropertyMap() = default;
   PropertyMap(const PropertyMap&) = default;
-  /// Takes over a copy of the other map's properties in place of its own.
+  /// Takes over a copy of the other map's properties in place of its own. Its origin stays.
   virtual PropertyMap& operator=(const PropertyMap& other);
   virtual ~PropertyMap();
 
@@ -30,11 +31,17 @@ class TESSELMXF_MODEL_API PropertyMap {
   /// All properties, in key order.
   const Properties& properties() const { return properties_; }
 
+  /// Where the schema declares it; unknown for what a host has made itself. What is loaded from one document shares its
+  /// path.
+  const Utils::SourceLocation& origin() const { return origin_; }
+  void setOrigin(const Utils::SourceLocation& origin) { origin_ = origin; }
+
   static void* operator new(std::size_t size);
   static void operator delete(void* block, std::size_t size) noexcept;
 
  private:
   Properties properties_;
+  Utils::SourceLocation origin_;
 };
 
 }  // namespace MXF::Tessel::MetaMetadata

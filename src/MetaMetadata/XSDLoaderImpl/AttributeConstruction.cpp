@@ -3,6 +3,7 @@
 
 #include "AttributeConstruction.h"
 
+#include "DeclarationOrigins.h"
 #include "DocumentAccess.h"
 #include "LabelDesignator.h"
 #include "Names.h"
@@ -74,6 +75,7 @@ auto_ptr<MetaAttribute> buildAttribute(const XSDLoaderImplData& data, xercesc::D
 
   auto_ptr<MetaAttribute> attribute(
       new MetaAttribute(element, status, distinguishedValue(element, annotations.distinguishedValue), tag.get()));
+  attribute->setOrigin(originOf(data, declaration));
   attribute->addProperty(PropertyKeys::schemaIndex, std::to_wstring(index).c_str());
   if (tag) {
     attribute->addProperty(PropertyKeys::localTag, tag->toString(textForm).c_str());

@@ -4,7 +4,9 @@
 #include "DictionaryPass.h"
 
 #include "DataTypeMapping.h"
+#include "DeclarationOrigins.h"
 #include "ElementCreation.h"
+#include "ErrorTranslation.h"
 #include "LabelDesignator.h"
 #include "SourceNames.h"
 #include "XPathEvaluation.h"
@@ -37,7 +39,8 @@ void handOver(PendingElements& pending, Dictionary& dictionary) {
   while (!pending.empty()) {
     const auto first = pending.begin();
     const UniversalLabel label = first->second->universalLabel();
-    dictionary.addMetaElement(label, std::move(first->second));
+    const Utils::SourceLocation origin = first->second->origin();
+    workingAt([&] { return origin; }, [&] { dictionary.addMetaElement(label, std::move(first->second)); });
     pending.erase(first);
   }
 }
@@ -49,7 +52,10 @@ void runDictionaryPass(const XSDLoaderImplData& data, xercesc::DOMDocument& docu
   selectElements(document, data.queries.elementDeclarations->utf16(), data.nsResolver, declarations);
 
   PendingElements pending;
-  for (xercesc::DOMElement* declaration : declarations) readDeclaration(data, *declaration, pending);
+  for (xercesc::DOMElement* declaration : declarations) {
+    // Translated here already, so that also what the XML libraries throw gets the place.
+    workingOn(data, *declaration, [&] { translatingXmlErrors([&] { readDeclaration(data, *declaration, pending); }); });
+  }
 
   handOver(pending, dictionary);
 }

@@ -14,6 +14,8 @@
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
+#include <memory>
+
 namespace MXF::Tessel::MetaMetadata::Loading {
 
 using Templates::WideString;
@@ -24,6 +26,7 @@ xercesc::DOMDocument* loadDocument(XSDLoaderImplData& data, const WideString& pa
   if (document == nullptr) {
     throw Exceptions::IOError((path + L" file Not Found!").c_str(), SourceNames::loaderImpl, __LINE__);
   }
+  data.pathByDocument.emplace(document, std::make_shared<const WideString>(path));
   data.nsResolver = document->createNSResolver(document->getDocumentElement());
   registerNamespaces(data, *document);
   return document;

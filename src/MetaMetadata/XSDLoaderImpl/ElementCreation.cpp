@@ -2,6 +2,7 @@
 
 #include "ElementCreation.h"
 
+#include "DeclarationOrigins.h"
 #include "DocumentAccess.h"
 #include "ElementProperties.h"
 #include "Names.h"
@@ -71,6 +72,7 @@ auto_ptr<MetaElement> createMetaElement(const XSDLoaderImplData& data, xercesc::
                                         const UniversalLabel& label, const DeclaredType& type) {
   auto_ptr<MetaElement> element = isReferenceType(type) ? createReferenceElement(data, declaration, label, type)
                                                         : createValueElement(declaration, label, type);
+  element->setOrigin(originOf(data, declaration));
   setElementProperties(data, declaration, *element);
   setChildTagName(data, declaration, *element);
   return element;

@@ -6,15 +6,25 @@
 #include <XMLUtils/TextConversion.h>
 #include <XMLUtils/Utils.h>
 
+#include <xercesc/sax/SAXParseException.hpp>
+
+#include <cstdint>
+#include <memory>
+
 /// The boundaries at which exceptions of Xerces-C and XQilla become the library's own.
 namespace MXF::Tessel::MetaMetadata::Loading {
 
-/// Runs what reads a document. A SAX exception becomes a ParseError with the same text; all else passes.
+/// Runs what reads a document. A SAX exception becomes a ParseError with the same text and place; all else passes.
 /// @param line  of the caller, which the exception reports together with sourceFile.
 template <class Operation>
 auto translatingSaxErrors(const char* sourceFile, int line, Operation operation) {
   try {
     return operation();
+  } catch (const xercesc::SAXParseException& e) {
+    Exceptions::ParseError error(XMLUtils::toWstring(e.getMessage()).c_str(), sourceFile, line);
+    error.setLocation({std::make_shared<const Templates::WideString>(XMLUtils::toWstring(e.getSystemId())),
+                       static_cast<std::uint32_t>(e.getLineNumber()), static_cast<std::uint32_t>(e.getColumnNumber())});
+    throw error;
   } catch (const xercesc::SAXException& e) {
     throw Exceptions::ParseError(XMLUtils::toWstring(e.getMessage()).c_str(), sourceFile, line);
   }

@@ -3,6 +3,7 @@
 
 #include "SchemePass.h"
 
+#include "DeclarationOrigins.h"
 #include "DocumentAccess.h"
 #include "GroupKeys.h"
 #include "SchemeState.h"
@@ -40,7 +41,8 @@ Elements selectGroups(const XSDLoaderImplData& data, xercesc::DOMDocument& docum
 GroupKeys readGroupKeys(const XSDLoaderImplData& data, const Elements& groups) {
   GroupKeys keys;
   for (xercesc::DOMElement* group : groups) {
-    if (auto key = readGroupKey(data, *group)) keys[attributeOf(*group, u"name")] = std::move(key);
+    if (auto key = workingOn(data, *group, [&] { return readGroupKey(data, *group); }))
+      keys[attributeOf(*group, u"name")] = std::move(key);
   }
   return keys;
 }
@@ -54,7 +56,10 @@ void resolvePendingReferences(const GroupKeys& groupKeysByName, const WideString
 }
 
 void registerSets(const LoadedSets& sets, Dictionary& dictionary) {
-  for (const auto& [label, set] : sets) dictionary.addMetaMetadataSet(set->key(), *set);
+  for (const auto& entry : sets) {
+    const MetaMetadataSet& set = *entry.second;
+    workingAt([&] { return set.origin(); }, [&] { dictionary.addMetaMetadataSet(set.key(), set); });
+  }
 }
 
 void registerLocalTags(const PendingLocalTags& tags, Dictionary& dictionary) {

@@ -2,6 +2,7 @@
 
 #include "TypeResolution.h"
 
+#include "DeclarationOrigins.h"
 #include "GroupKeys.h"
 #include "LabelDesignator.h"
 #include "Names.h"
@@ -63,7 +64,9 @@ Chain walkToRoot(XSDLoaderImplData& data, DOMDocument& document, const WideStrin
     }
     link.baseName = known.baseNames.of(
         *link.complexType, nullptr, [&] { return evaluateString(*link.complexType, u"./*/*/@base", data.nsResolver); });
-    if (!link.baseName.empty()) link.baseDocument = &requireBaseDocument(data, link);
+    if (!link.baseName.empty()) {
+      workingOn(data, *link.complexType, [&] { link.baseDocument = &requireBaseDocument(data, link); });
+    }
     chain.push_back(link);
     if (link.baseName.empty()) return chain;
     name = link.baseName;
@@ -84,7 +87,7 @@ WideString baseGroupKeyText(XSDLoaderImplData& data, const ChainLink& link, Know
   DOMElement* group = findElementOfType(data, *link.baseDocument, link.baseName);
   if (group != nullptr) {
     const WideString& key = known.baseGroupKeys.of(*group, data.nsResolver, [&] {
-      const auto groupKey = readGroupKey(data, *group);
+      const auto groupKey = workingOn(data, *group, [&] { return readGroupKey(data, *group); });
       return groupKey ? groupKey->toString(textForm) : WideString();
     });
     if (!key.empty()) return key;

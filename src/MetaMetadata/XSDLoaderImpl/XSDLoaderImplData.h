@@ -7,6 +7,7 @@
 
 #include <Templates/Containers.h>
 #include <Templates/auto_ptr.h>
+#include <Utils/SourceLocation.h>
 #include <XMLUtils/Released.h>
 
 #include <xercesc/dom/DOMLSParser.hpp>
@@ -34,6 +35,8 @@ struct XSDLoaderImplData {
   Templates::WideString documentPath;
   /// Namespace URI to prefix, from the root elements of all documents loaded so far. The first prefix of a URI stays.
   Templates::map<Templates::WideString, Templates::WideString> prefixByNamespace;
+  /// Path of each document as it was opened, shared by all that is loaded from it.
+  Templates::map<const xercesc::DOMDocument*, Utils::SourceLocation::Path> pathByDocument;
   ImportedDocuments importedDocuments;
   SchemaIndexes schemaIndexes;
   /// Resolver of the most recently loaded document, whichever document a query runs on. Lives with its document.

@@ -1,5 +1,6 @@
 #include "Parser.h"
 
+#include "PositionedElement.h"
 #include "xpath/XPathDocument.h"
 
 #include <XMLUtils/UnicodeString.h>
@@ -64,6 +65,12 @@ void Parser::startDocument() {
   fDocument->setErrorChecking(false);  // until endDocument()
   fDocument->setDocumentURI(fScanner->getLocator()->getSystemId());
   fDocument->setInputEncoding(fScanner->getReaderMgr()->getCurrentEncodingStr());
+  notePosition();
+}
+
+void Parser::XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone, const XMLCh* autoEncoding) {
+  DOMLSParserImpl::XMLDecl(version, encoding, standalone, autoEncoding);
+  notePosition();
 }
 
 void Parser::startElement(const xercesc::XMLElementDecl& declaration, unsigned int namespaceId, const XMLCh* prefix,
@@ -79,15 +86,23 @@ void Parser::startElement(const xercesc::XMLElementDecl& declaration, unsigned i
       check(budget_.repeatDefaultValue(xercesc::XMLString::stringLen(attribute.getValue())));
   }
   DOMLSParserImpl::startElement(declaration, namespaceId, prefix, attributes, attributeCount, isEmpty, isRoot);
+  notePosition();
+}
+
+xercesc::DOMElement* Parser::createElementNS(const XMLCh* namespaceUri, const XMLCh* prefix, const XMLCh* localName,
+                                             const XMLCh* qualifiedName) {
+  return new (fDocument) PositionedElement(position_, fDocument, namespaceUri, prefix, localName, qualifiedName);
 }
 
 void Parser::endElement(const xercesc::XMLElementDecl& declaration, unsigned int namespaceId, bool isRoot,
                         const XMLCh* prefix) {
   budget_.leaveElement();
   DOMLSParserImpl::endElement(declaration, namespaceId, isRoot, prefix);
+  notePosition();
 }
 
 void Parser::docCharacters(const XMLCh* characters, XMLSize_t length, bool isCdataSection) {
+  notePosition();
   const bool beginsText = isKnownVersion && fWithinElement && !isCdataSection && getFilter() == nullptr &&
                           fCurrentNode->getNodeType() != xercesc::DOMNode::TEXT_NODE &&
                           fCurrentParent->getNodeType() == xercesc::DOMNode::ELEMENT_NODE;
@@ -98,6 +113,31 @@ void Parser::docCharacters(const XMLCh* characters, XMLSize_t length, bool isCda
   auto* text = static_cast<xercesc::DOMTextImpl*>(createText(characters, length));
   appendText(static_cast<xercesc::DOMElementImpl*>(fCurrentParent)->fParent, *text);
   fCurrentNode = text;
+}
+
+void Parser::docComment(const XMLCh* text) {
+  DOMLSParserImpl::docComment(text);
+  notePosition();
+}
+
+void Parser::docPI(const XMLCh* target, const XMLCh* data) {
+  DOMLSParserImpl::docPI(target, data);
+  notePosition();
+}
+
+void Parser::ignorableWhitespace(const XMLCh* characters, XMLSize_t length, bool isCdataSection) {
+  DOMLSParserImpl::ignorableWhitespace(characters, length, isCdataSection);
+  notePosition();
+}
+
+void Parser::startEntityReference(const xercesc::XMLEntityDecl& entity) {
+  DOMLSParserImpl::startEntityReference(entity);
+  notePosition();
+}
+
+void Parser::endEntityReference(const xercesc::XMLEntityDecl& entity) {
+  DOMLSParserImpl::endEntityReference(entity);
+  notePosition();
 }
 
 void Parser::startIntSubset() {
@@ -148,6 +188,11 @@ void Parser::doctypeWhitespace(const XMLCh* characters, XMLSize_t length) {
 unsigned int Parser::Namespaces::addOrFind(const XMLCh* namespaceUri) {
   parser_.check(parser_.budget_.declarePrefix());
   return XMLStringPool::addOrFind(namespaceUri);
+}
+
+void Parser::notePosition() {
+  const xercesc::Locator& where = *fScanner->getLocator();
+  position_ = {static_cast<std::uint32_t>(where.getLineNumber()), static_cast<std::uint32_t>(where.getColumnNumber())};
 }
 
 void Parser::check(const Limit* exceeded) {

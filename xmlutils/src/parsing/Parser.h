@@ -4,6 +4,8 @@
 #include "xpath/QueryCache.h"
 #include "xpath/XPathImplementation.h"
 
+#include <XMLUtils/SourcePosition.h>
+
 #include <xercesc/parsers/DOMLSParserImpl.hpp>
 #include <xercesc/util/StringPool.hpp>
 
@@ -23,6 +25,8 @@ class Parser : public xercesc::DOMLSParserImpl {
   Parser& operator=(const Parser&) = delete;
 
   void startDocument() override;
+  void XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone,
+               const XMLCh* autoEncoding) override;
   void startElement(const xercesc::XMLElementDecl& declaration, unsigned int namespaceId, const XMLCh* prefix,
                     const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, XMLSize_t attributeCount, bool isEmpty,
                     bool isRoot) override;
@@ -32,6 +36,12 @@ class Parser : public xercesc::DOMLSParserImpl {
   /// casts, a third of what parsing costs; texts and elements, whose classes are known here, are linked without. Only with
   /// the version whose nodes are known to be linked like this.
   void docCharacters(const XMLCh* characters, XMLSize_t length, bool isCdataSection) override;
+
+  void docComment(const XMLCh* text) override;
+  void docPI(const XMLCh* target, const XMLCh* data) override;
+  void ignorableWhitespace(const XMLCh* characters, XMLSize_t length, bool isCdataSection) override;
+  void startEntityReference(const xercesc::XMLEntityDecl& entity) override;
+  void endEntityReference(const xercesc::XMLEntityDecl& entity) override;
 
   void startIntSubset() override;
   void endIntSubset() override;
@@ -45,6 +55,10 @@ class Parser : public xercesc::DOMLSParserImpl {
 
   /// Told by the source of the document, as it is read.
   void countRead(std::size_t bytes) { check(budget_.read(bytes)); }
+
+ protected:
+  xercesc::DOMElement* createElementNS(const XMLCh* namespaceUri, const XMLCh* prefix, const XMLCh* localName,
+                                       const XMLCh* qualifiedName) override;
 
  private:
   /// The pool in which the scanner keeps namespaces. It is asked for one whenever an element declares a prefix, long
@@ -61,10 +75,15 @@ class Parser : public xercesc::DOMLSParserImpl {
   /// Stops the parser if the document has exceeded a limit.
   void check(const Limit* exceeded);
 
+  /// What follows begins here: called at the end of every event, since the parser reports an element only when it has
+  /// read the whole start tag.
+  void notePosition();
+
   XPath::XPathImplementation& implementation_;
   std::shared_ptr<XPath::QueryCache> queries_ = std::make_shared<XPath::QueryCache>();
   DocumentBudget budget_;
   Namespaces namespaces_;
+  SourcePosition position_;
 };
 
 }  // namespace MXF::Tessel::XMLUtils

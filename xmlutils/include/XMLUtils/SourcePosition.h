@@ -1,0 +1,21 @@
+#pragma once
+
+#include <XMLUtils/Export.h>
+
+#include <xercesc/dom/DOMElement.hpp>
+
+#include <cstdint>
+
+namespace MXF::Tessel::XMLUtils {
+
+/// A place in a document, line and column counted from 1 as parsers report them; 0 where it is not known.
+struct SourcePosition {
+  std::uint32_t line = 0;
+  std::uint32_t column = 0;
+};
+
+/// Where the start tag of an element begins. An element that comes from an entity begins where the document refers to
+/// the entity. Known for elements that loadDocumentFromFile() has parsed, for others not.
+TESSELMXF_XMLUTILS_API SourcePosition positionOf(const xercesc::DOMElement& element);
+
+}  // namespace MXF::Tessel::XMLUtils
