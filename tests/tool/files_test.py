@@ -25,12 +25,13 @@ class Order(ToolTest):
         self.assertEqual(len(result["sets"]), 2)
         status, _, errors = self.run_tool("dump", "--scheme", "sA.xsd", "--dictionary", "dA.xsd")
         self.assertEqual(status, 1)
-        self.assertIn(b"sA.xsd: NotFound (31): ", errors)
+        self.assertRegex(errors, rb"\AsA\.xsd: error: .* \[NotFound\]\nsA\.xsd: note: groups refer to elements, and none")
 
     def test_the_multiplex_decides_the_flavour(self):
         self.assertEqual(self.dump("--dictionary", "dA.xsd")["targetNamespace"], URN_MULTIPLEX)
         self.write("r.xsd", multiplex(REGISTRY_MULTIPLEX))
-        result = self.dump("--dictionary", "dA.xsd", "--multiplex", "r.xsd")
+        _, output, _ = self.run_tool("dump", "--format", "json", "--dictionary", "dA.xsd", "--multiplex", "r.xsd")
+        result = json.loads(output)
         self.assertEqual((result["targetNamespace"], result["elements"]), (REGISTRY_MULTIPLEX, []))
 
     def test_options_reach_the_loader(self):
@@ -39,7 +40,7 @@ class Order(ToolTest):
         files = ("--dictionary", "d.xsd", "--scheme", "s.xsd")
 
         def found(*options):
-            result = self.dump(*files, *options)
+            result = json.loads(self.run_tool("dump", "--format", "json", *files, *options)[1])
             properties = result["elements"][0]["properties"]
             return "Documentation" in properties, "LengthDescription" in properties, len(result["sets"])
 
@@ -58,7 +59,8 @@ class KeepGoing(ToolTest):
         lines = errors.decode().splitlines()
         self.assertEqual(len(lines), len(failed))
         for load, line in zip(failed, lines):
-            self.assertTrue(line.startswith(f"mxf-metadict: {load['path']}: {load['error']['class']}"), line)
+            self.assertTrue(line.startswith(f"{load['path']}: error: "), line)
+            self.assertTrue(line.endswith(f" [{load['error']['class']}]"), line)
         return result
 
     def test_failures_stand_among_the_loads(self):
@@ -88,6 +90,63 @@ class KeepGoing(ToolTest):
         self.assertEqual(self.dump("--keep-going", "--dictionary", "d.xsd"), self.dump("--dictionary", "d.xsd"))
 
 
+class KindAndFlavour(ToolTest):
+    """A file that is not what it was given as, or that adds nothing: what to do, on the standard error stream."""
+
+    REGISTRY = {"urn:SMPTE:MXF:XMLInterface:Dictionary:": "http://www.smpte-ra.org/schemas/434/Dictionary/",
+                "urn:SMPTE:MXF:XMLInterface:Groups:": "http://www.smpte-ra.org/schemas/434/Groups/"}
+
+    def setUp(self):
+        super().setUp()
+        (self.folder / "r").mkdir()
+        for name, text in (("d.xsd", dictionary(element(1, "A"), element(2, "B"))), ("s.xsd", scheme(group(1, "G")))):
+            self.write(name, text)
+            for urn, registry in self.REGISTRY.items():
+                text = text.replace(urn, registry)
+            self.write("r/" + name, text)
+        self.write("abstract.xsd", scheme(group(2, "G").replace('type="g:GType"', 'type="g:GType" abstract="true"')))
+        self.write("m.xsd", multiplex(URN_MULTIPLEX))
+        self.write("r/multiplex.xsd", multiplex(REGISTRY_MULTIPLEX))
+        self.write("plain.xsd", dictionary('<xs:element name="A"/>'))
+
+    def test_warnings(self):
+        there = "no declaration at its top level has the annotation that marks one, in either flavour"
+        cases = [
+            (["--dictionary", "r/d.xsd"], 1, "r/d.xsd: warning: declares no elements in the URN flavour, but 2 elements "
+             "in the registry flavour: add --multiplex r/multiplex.xsd"),
+            (["--dictionary", "d.xsd", "--scheme", "r/s.xsd"], 1, "r/s.xsd: warning: declares no groups in the URN "
+             "flavour, but 1 group in the registry flavour: add --multiplex r/multiplex.xsd"),
+            (["--multiplex", "r/multiplex.xsd", "--dictionary", "d.xsd"], 1, "d.xsd: warning: declares no elements in "
+             "the registry flavour, but 2 elements in the URN flavour: leave out --multiplex, or give --multiplex with "
+             f"a schema of the target namespace {URN_MULTIPLEX}"),
+            (["--dictionary", "s.xsd"], 1, "s.xsd: warning: declares no elements, but 1 group: give it with --scheme"),
+            (["--dictionary", "d.xsd", "--scheme", "r/d.xsd"], 1,
+             "r/d.xsd: warning: declares no groups, but 2 elements: give it with --dictionary"),
+            (["--dictionary", "d.xsd", "--scheme", "m.xsd"], 1,
+             "m.xsd: warning: declares no groups, as it is a multiplex schema: give it with --multiplex"),
+            # These may be meant so, but nothing at all is not.
+            (["--dictionary", "plain.xsd"], 1, f"plain.xsd: warning: declares no elements: {there}"),
+            (["--dictionary", "d.xsd", "--scheme", "plain.xsd"], 0, f"plain.xsd: warning: declares no groups: {there}"),
+            (["--dictionary", "d.xsd", "--scheme", "abstract.xsd"], 0,
+             "abstract.xsd: warning: declares abstract groups only: add --abstract-groups"),
+        ]
+        for arguments, expected, warning in cases:
+            with self.subTest(arguments):
+                status, output, errors = self.run_tool("dump", *arguments)
+                self.assertEqual((status, errors.decode()), (expected, warning + "\n"))
+                self.assertIn(b"\nElements: ", output)
+                self.assertEqual(self.run_tool("dump", "--quiet", *arguments), (expected, output, b""))
+
+    def test_notes_on_a_multiplex_that_is_none(self):
+        for name, note in (("d.xsd", "it declares 2 elements: give it with --dictionary"),
+                           ("r/s.xsd", "it declares 1 group: give it with --scheme"),
+                           ("plain.xsd", f"a multiplex schema has the target namespace {URN_MULTIPLEX} or "
+                                         f"{REGISTRY_MULTIPLEX}")):
+            status, output, errors = self.run_tool("dump", "--multiplex", name, "--dictionary", "d.xsd")
+            self.assertEqual((status, output), (1, b""))
+            self.assertEqual(errors.decode().splitlines()[1], f"{name}: note: {note}")
+
+
 class Paths(ToolTest):
     """Every file that the system can hold can be loaded, and is named as it was given. The locale is C."""
 
@@ -109,7 +168,7 @@ class Paths(ToolTest):
         for path in (b"absent \xff%41.xsd", "\u00e4\u6f22\U0001f600.xsd".encode()):
             status, output, errors = self.run_tool("dump", "--dictionary", path)
             self.assertEqual((status, output), (1, b""))
-            self.assertEqual(errors, b"mxf-metadict: " + path + b": IOError (26): " + path + b" file Not Found!\n")
+            self.assertEqual(errors, path + b": error: " + path + b" file Not Found! [IOError]\n")
 
 
 if __name__ == "__main__":

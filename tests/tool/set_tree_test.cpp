@@ -2,6 +2,7 @@
 
 #include "text/SetText.h"
 #include "text/SetTree.h"
+#include "text/TextLayout.h"
 
 #include <MetaMetadata/MetaElements.h>
 #include <MetaMetadata/PropertyKeys.h>
@@ -88,6 +89,7 @@ TEST(SetTree, DepthIsNotLimitedAndThePageStaysInForm) {
   EXPECT_EQ(setTree(sets.dictionary).back().depth, std::size_t{depth - 1});
   std::string page;
   appendSets(page, sets.dictionary);
+  page = withoutStyles(page);
   std::size_t longest = 0;
   for (std::size_t start = 0; start < page.size(); start = page.find('\n', start) + 1) {
     longest = std::max(longest, page.find('\n', start) - start);

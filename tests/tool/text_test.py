@@ -1,4 +1,7 @@
 """The text format: for people, in 100 columns, UTF-8 in every locale."""
+import os
+import pty
+import re
 import unicodedata
 import unittest
 
@@ -80,10 +83,37 @@ class Text(ToolTest):
                        name=names[n % len(names)]) for n in range(30)]
         self.write("s.xsd", scheme(*chain))
         path = self.write("p" * 200, scheme())
-        text = self.text("--documentation", "--dictionary", "d.xsd", "--scheme", "s.xsd", "--scheme", path)
+        text = self.text("--documentation", "--quiet", "--dictionary", "d.xsd", "--scheme", "s.xsd", "--scheme", path)
         self.assertNotRegex(text, r"[\x00-\x09\x0B-\x1F\x7F-\x9F\u2028\u2029\ufffd]")
         for name in names[:3]:
             self.assertIn(name[-20:], text)
+
+    def test_colour_is_for_terminals_and_those_who_ask(self):
+        self.write("d.xsd", dictionary(element(1, "A")))
+        self.write("s.xsd", scheme(group(1, "G", attribute("A"))))
+        files = ["dump", "--dictionary", "d.xsd", "--scheme", "s.xsd"]
+        plain = self.run_tool(*files)[1]
+        coloured = self.run_tool(*files, "--color=always", env={**os.environ, "NO_COLOR": "1"})[1]
+        self.assertIn(b"\x1b[1mElements: 1\x1b[0m\n", coloured)
+        self.assertEqual((re.sub(rb"\x1b\[[0-9;]+m", b"", coloured), b"\x1b" in plain), (plain, False))
+        for options, variables, expected in (([], {}, coloured), (["--color", "never"], {}, plain),
+                                             ([], {"NO_COLOR": ""}, coloured), ([], {"NO_COLOR": "1"}, plain)):
+            with self.subTest(options=options, variables=variables):
+                environment = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
+                self.assertEqual(self.on_terminal([*files, *options], {**environment, **variables}), expected)
+
+    def on_terminal(self, arguments, environment):
+        terminal, end = pty.openpty()
+        with open(terminal, "rb", buffering=0) as reader:
+            self.run_tool(*arguments, stdout=end, env=environment)
+            os.close(end)
+            text = b""
+            try:
+                while part := reader.read(4096):
+                    text += part
+            except OSError:  # how Linux says that the other end is closed
+                pass
+        return text.replace(b"\r\n", b"\n")
 
     def test_failures_stand_below_their_file(self):
         status, output, _ = self.run_tool("dump", "--keep-going", "--dictionary", "absent.xsd", "--dictionary",

@@ -4,7 +4,7 @@
 #include "commands/CommandLine.h"
 
 #include "commands/DumpCommand.h"
-#include "commands/Subcommand.h"
+#include "commands/WrongUsage.h"
 #include "output/StandardStreams.h"
 
 #include <CLI/CLI.hpp>
@@ -30,14 +30,6 @@ constexpr const char* footer =
     "  mxf-metadict dump --help\n"
     "      tells everything that dump can do";
 
-/// What was wrong with the command line, in a sentence, and where to read more.
-void reportWrongUsage(const CLI::App& tool, const CLI::ParseError& error) {
-  const bool isUnknownSubcommand = tool.get_subcommands().empty() && tool.remaining_size() != 0;
-  reportError(isUnknownSubcommand ? "no such subcommand: " + tool.remaining().front() : error.what());
-  const std::string name = tool.get_subcommands().empty() ? "" : " " + tool.get_subcommands().front()->get_name();
-  reportError("try 'mxf-metadict" + name + " --help'");
-}
-
 ExitStatus parseAndRun(CLI::App& tool, const Action& action, int argumentCount, const char* const* arguments) {
   try {
     tool.parse(argumentCount, arguments);
@@ -48,7 +40,7 @@ ExitStatus parseAndRun(CLI::App& tool, const Action& action, int argumentCount, 
     writeStandardOutput(std::string(version.what()) + '\n');
     return ExitStatus::Success;
   } catch (const CLI::ParseError& error) {
-    reportWrongUsage(tool, error);
+    for (const std::string& line : wrongUsageLines(tool, error)) reportError(line);
     return ExitStatus::WrongUsage;
   }
   return action();
@@ -56,16 +48,22 @@ ExitStatus parseAndRun(CLI::App& tool, const Action& action, int argumentCount, 
 
 }  // namespace
 
+void declareTool(CLI::App& tool, Action& action) {
+  tool.description(description);
+  tool.footer(footer);
+  tool.set_help_flag("-h,--help", "Print this help and exit");
+  tool.set_version_flag("--version", std::string(toolName) + " " TESSELMXF_VERSION, "Print the version and exit");
+  tool.require_subcommand(1);
+  for (const DeclareSubcommand declare : subcommands) declare(tool, action);
+}
+
 ExitStatus runTool(int argumentCount, const char* const* arguments) {
   // A file size limit shall be an error of write(), which is reported and cleaned up after, and not the end of us.
   std::signal(SIGXFSZ, SIG_IGN);  // NOLINT(cert-err33-c): can only fail for a signal that does not exist
   try {
     Action action;
-    CLI::App tool(description, "mxf-metadict");
-    tool.footer(footer);
-    tool.set_version_flag("--version", "mxf-metadict " TESSELMXF_VERSION);
-    tool.require_subcommand(1);
-    for (const DeclareSubcommand declare : subcommands) declare(tool, action);
+    CLI::App tool("", toolName);
+    declareTool(tool, action);
     return parseAndRun(tool, action, argumentCount, arguments);
   } catch (const std::exception& error) {
     reportError(error.what());

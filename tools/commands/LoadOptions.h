@@ -1,19 +1,27 @@
 #pragma once
 
+#include "commands/OutputOptions.h"
+#include "commands/Subcommand.h"
 #include "loading/SchemaLoading.h"
-
-namespace CLI {
-class App;
-}
 
 namespace MXF::Tessel::Tool {
 
-/// Declares the options of every subcommand that loads schemas: the files, what to take from them, and whether to go on
-/// after a failure.
+/// Declares the options that name the schemas to load, and whether to go on after a failure.
 /// @param request  filled while the command line is read; outlives the subcommand.
-void declareLoadOptions(CLI::App& subcommand, LoadRequest& request);
+void declareFileOptions(CLI::App& subcommand, LoadRequest& request);
+
+/// Declares the options that say what to take from the schemas, for a subcommand that does not decide that itself.
+/// @param request  filled while the command line is read; outlives the subcommand.
+void declareContentOptions(CLI::App& subcommand, LoadRequest& request);
 
 /// @throws CLI::ParseError  the command line named neither a dictionary nor a scheme.
 void requireSchemas(const LoadRequest& request);
+
+/// Loads the schemas, tells what went wrong on the standard error stream, and passes what was loaded on.
+/// @param action  not called when a file failed, unless the request says to keep going.
+/// @return the worse of the action's status and that of the loading: Failure when a file failed, or when one declares
+///         nothing of what it was given for.
+ExitStatus withDictionary(const LoadRequest& request, const OutputOptions& output,
+                          const std::function<ExitStatus(const LoadOutcome&)>& action);
 
 }  // namespace MXF::Tessel::Tool

@@ -11,10 +11,12 @@
 #include <xqilla/exceptions/XQException.hpp>
 #include <xqilla/exceptions/XQillaException.hpp>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cxxabi.h>
 #include <exception>
 #include <memory>
+#include <string_view>
 #include <typeinfo>
 
 namespace MXF::Tessel::Tool {
@@ -31,9 +33,36 @@ std::string unqualifiedName(const std::type_info& type) {
 }
 
 Failure xmlFailure(const char* className, const XMLCh* message) {
-  Failure failure{className, std::nullopt, {}};
+  Failure failure{className, std::nullopt, {}, std::nullopt};
   XMLUtils::utf16ToWstring(message, failure.message);
   return failure;
+}
+
+std::string narrow(const Templates::WideString& text) {
+  const Templates::NarrowString result = Utils::wstringToString(text.c_str());
+  return {result.begin(), result.end()};
+}
+
+/// Position after a colon and a number that stand at a position, or npos.
+std::size_t skipNumber(std::string_view text, std::size_t position) {
+  const std::size_t end = std::min(text.find_first_not_of("0123456789", position + 1), text.size());
+  return position < text.size() && text[position] == ':' && end > position + 1 ? end : std::string_view::npos;
+}
+
+/// The place that a message begins with, "PATH:LINE:COLUMN", as those of the parser do; else empty.
+std::string_view placeOf(std::string_view message, const std::string& file, const Failure& failure) {
+  // Other messages may hold the like by chance, and those of an import begin with its path.
+  const bool isParser = failure.className == "SAXParseException" || failure.className == "ParseError";
+  if (!isParser) return {};
+  const bool namesFile = message.substr(0, file.size()) == file;
+  for (std::size_t colon = message.find(':', namesFile ? file.size() : 0); colon != std::string_view::npos;
+       colon = message.find(':', colon + 1)) {
+    const std::size_t line = skipNumber(message, colon);
+    const std::size_t column = line == std::string_view::npos ? line : skipNumber(message, line);
+    if (column != std::string_view::npos && message.substr(column, 2) == ": ") return message.substr(0, column);
+    if (namesFile) break;
+  }
+  return {};
 }
 
 }  // namespace
@@ -44,7 +73,7 @@ std::optional<Failure> failureOf(const std::function<void()>& action) {
     action();
     return std::nullopt;
   } catch (const Exceptions::BaseException& error) {
-    return Failure{unqualifiedName(typeid(error)), error.code(), error.message()};
+    return Failure{unqualifiedName(typeid(error)), error.code(), error.message(), std::nullopt};
   } catch (const XQillaException& error) {
     return xmlFailure("XQillaException", error.getString());
   } catch (const XQException& error) {
@@ -62,8 +91,21 @@ std::optional<Failure> failureOf(const std::function<void()>& action) {
   } catch (const xercesc::OutOfMemoryException& error) {
     return xmlFailure("OutOfMemoryException", error.getMessage());
   } catch (const std::exception& error) {
-    return Failure{unqualifiedName(typeid(error)), std::nullopt, Utils::stringToWstring(error.what())};
+    return Failure{unqualifiedName(typeid(error)), std::nullopt, Utils::stringToWstring(error.what()), std::nullopt};
   }
+}
+
+std::string failureLine(const std::string& file, const Failure& failure) {
+  std::string message = narrow(failure.message);
+  std::string place = file;
+  if (failure.place) {
+    place = narrow(failure.place->path) + ':' + std::to_string(failure.place->line) + ':' +
+            std::to_string(failure.place->column);
+  } else if (const std::string_view found = placeOf(message, file, failure); !found.empty()) {
+    place = found;
+    message.erase(0, place.size() + 2);
+  }
+  return place + ": error: " + message + " [" + failure.className + ']';
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -1,7 +1,12 @@
 #include "loading/SchemaLoading.h"
 
+#include "loading/LoadAdvice.h"
+
 #include <MetaMetadata/Loading/XSDDictionaryLoader2.h>
 #include <Utils/TextConversion.h>
+
+#include <algorithm>
+#include <iterator>
 
 namespace MXF::Tessel::Tool {
 
@@ -28,6 +33,34 @@ void loadFile(XSDDictionaryLoader2& loader, const SchemaFile& file, MetaMetadata
   }
 }
 
+/// How many elements or sets, whichever the kind of file declares.
+std::size_t countDeclared(FileKind kind, const MetaMetadata::Dictionary& dictionary) {
+  const auto count = kind == FileKind::Dictionary
+                         ? std::distance(dictionary.metaElementBegin(), dictionary.metaElementEnd())
+                         : std::distance(dictionary.metaMetadataSetBegin(), dictionary.metaMetadataSetEnd());
+  return static_cast<std::size_t>(count);
+}
+
+LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, LoadOutcome& outcome) {
+  const std::size_t before = countDeclared(file.kind, outcome.dictionary);
+  LoadRecord record{file, failureOf([&] { loadFile(loader, file, outcome.dictionary); }), std::nullopt};
+  if (record.failure) {
+    record.advice = adviceOnFailure(record, outcome);
+  } else if (file.kind != FileKind::Multiplex && countDeclared(file.kind, outcome.dictionary) == before) {
+    record.advice = adviceOnNothing(file, loader.getTargetNamespace());
+  }
+  return record;
+}
+
+LoadResult resultOf(const LoadOutcome& outcome) {
+  const auto& loads = outcome.loads;
+  const auto any = [&](auto&& holds) { return std::any_of(loads.begin(), loads.end(), holds); };
+  if (any([](const LoadRecord& load) { return load.failure.has_value(); })) return LoadResult::Failed;
+  if (any([](const LoadRecord& load) { return load.advice && load.advice->isMistake; })) return LoadResult::Mistaken;
+  const bool isEmpty = outcome.dictionary.metaElementBegin() == outcome.dictionary.metaElementEnd();
+  return isEmpty ? LoadResult::Mistaken : LoadResult::Complete;
+}
+
 }  // namespace
 
 const char* fileKindName(FileKind kind) {
@@ -42,24 +75,25 @@ const char* fileKindName(FileKind kind) {
   return "scheme";
 }
 
-bool loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
-                 const std::function<void(const LoadRecord&)>& onFailure) {
+LoadResult loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
+                       const std::function<void(const LoadRecord&)>& onTrouble) {
   XSDDictionaryLoader2 loader;
   loader.loadAbstractGroups(request.abstractGroups);
   loader.loadMetaElementDocumentation(request.documentation);
   loader.loadMetaElementLengthDescription(request.lengthDescription);
 
-  bool complete = true;
   for (const SchemaFile& file : filesInLoadOrder(request)) {
-    LoadRecord record{file, failureOf([&] { loadFile(loader, file, outcome.dictionary); })};
-    outcome.loads.push_back(record);
-    if (!record.failure) continue;
-    complete = false;
-    onFailure(record);
-    if (!request.keepGoing) break;
+    outcome.loads.push_back(loadRecorded(loader, file, outcome));
+    const LoadRecord& record = outcome.loads.back();
+    if (record.failure || record.advice) onTrouble(record);
+    if (record.failure && !request.keepGoing) break;
   }
   outcome.targetNamespace = loader.getTargetNamespace();
-  return complete;
+  return resultOf(outcome);
+}
+
+std::string adviceLine(const LoadRecord& record) {
+  return record.file.path + (record.failure ? ": note: " : ": warning: ") + record.advice->text;
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -2,8 +2,6 @@
 
 #include "output/FileDescriptor.h"
 
-#include <Utils/TextConversion.h>
-
 #include <string>
 #include <system_error>
 #include <unistd.h>
@@ -34,19 +32,15 @@ void writeStandardOutput(std::string_view text) {
   writeAll(STDOUT_FILENO, text, "standard output");
 }
 
-void reportError(std::string_view message) {
+void reportLine(std::string_view message) {
   try {
-    writeAll(STDERR_FILENO, onOneLine("mxf-metadict: " + std::string(message)) + '\n', "standard error");
+    writeAll(STDERR_FILENO, onOneLine(message) + '\n', "standard error");
   } catch (const std::system_error&) {  // NOLINT(bugprone-empty-catch): see the header
   }
 }
 
-void reportLoadFailure(const LoadRecord& record) {
-  const Failure& failure = *record.failure;
-  const std::string code = failure.code ? " (" + std::to_string(*failure.code) + ")" : "";
-  const Templates::NarrowString message = Utils::wstringToString(failure.message.c_str());
-  const std::string start = record.file.path + ": " + failure.className + code + ": ";
-  reportError(start + std::string(message.begin(), message.end()));
+void reportError(std::string_view message) {
+  reportLine("mxf-metadict: " + std::string(message));
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "loading/SchemaLoading.h"
-
 #include <string_view>
 
 namespace MXF::Tessel::Tool {
@@ -10,12 +8,12 @@ namespace MXF::Tessel::Tool {
 /// @throws std::system_error  not all of it could be written.
 void writeStandardOutput(std::string_view text);
 
-/// Writes one line to the standard error stream: the tool's name, ": ", and the message, in which line breaks become
-/// blanks. There is nobody to tell when that fails.
+/// Writes a message as one line to the standard error stream; line breaks in it become blanks. There is nobody to tell
+/// when that fails.
 /// @param message  UTF-8.
-void reportError(std::string_view message);
+void reportLine(std::string_view message);
 
-/// The line for a file that failed: "FILE: Class (code): message", without the code when there is none.
-void reportLoadFailure(const LoadRecord& record);
+/// The same after the tool's name and ": ", for what is about no file.
+void reportError(std::string_view message);
 
 }  // namespace MXF::Tessel::Tool

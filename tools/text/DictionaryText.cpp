@@ -3,23 +3,19 @@
 
 #include "text/DictionaryText.h"
 
+#include "analysis/PendingReferences.h"
 #include "text/ElementText.h"
 #include "text/SetText.h"
 #include "text/TextLayout.h"
 #include "text/TextTable.h"
 #include "text/Unicode.h"
 
-#include <MetaMetadata/PropertyKeys.h>
 #include <Utils/TextConversion.h>
-
-#include <string_view>
 
 namespace MXF::Tessel::Tool {
 
 using MetaMetadata::Dictionary;
 using MetaMetadata::MetaElement;
-
-namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
 
@@ -61,33 +57,12 @@ void appendLocalTags(std::string& page, const Dictionary& dictionary) {
   table.appendTo(page);
 }
 
-struct PendingReference {
-  std::u32string setName;
-  std::u32string namespaceUri;
-};
-
-/// The items of the property, each "[name,namespace URI];". What is not of that form is passed over.
-std::vector<PendingReference> pendingReferences(const MetaElement& element) {
-  const std::u32string text = propertyText(element, PropertyKeys::unresolvedSetReferences);
-  std::u32string_view rest = text;
-  std::vector<PendingReference> references;
-  for (std::size_t end = rest.find(U';'); end != std::u32string_view::npos; end = rest.find(U';')) {
-    const std::u32string_view item = rest.substr(0, end);
-    rest.remove_prefix(end + 1);
-    const std::size_t comma = item.find(U',');
-    if (comma == std::u32string_view::npos || item.front() != U'[' || item.back() != U']') continue;
-    references.push_back(
-        {std::u32string(item.substr(1, comma - 1)), std::u32string(item.substr(comma + 1, item.size() - comma - 2))});
-  }
-  return references;
-}
-
 void appendUnresolvedReferences(std::string& page, const Dictionary& dictionary) {
   TextTable table({{U"Element", true}, {U"Set", true}, {U"Namespace", true}});
   std::size_t count = 0;
   for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry) {
     for (const PendingReference& reference : pendingReferences(*entry->second)) {
-      table.addRow({nameText(*entry->second), reference.setName, reference.namespaceUri});
+      table.addRow({nameText(*entry->second), printable(reference.setName), printable(reference.namespaceUri)});
       ++count;
     }
   }

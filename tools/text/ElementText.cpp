@@ -1,5 +1,6 @@
 #include "text/ElementText.h"
 
+#include "analysis/DictionaryIndex.h"
 #include "text/TextLayout.h"
 #include "text/Unicode.h"
 
@@ -40,8 +41,8 @@ std::u32string setName(const KLV::Key& key, const Dictionary& dictionary) {
 }  // namespace
 
 std::u32string propertyText(const PropertyMap& map, const wchar_t* key) {
-  const auto property = map.properties().find(key);
-  return property == map.properties().end() ? std::u32string() : printable(property->second);
+  const Templates::WideString* property = findProperty(map, key);
+  return property == nullptr ? std::u32string() : printable(*property);
 }
 
 std::u32string nameText(const PropertyMap& map) {

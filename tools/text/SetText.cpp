@@ -11,6 +11,7 @@
 #include <MetaMetadata/PropertyKeys.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace MXF::Tessel::Tool {
 
@@ -59,6 +60,7 @@ void appendTitles(std::string& page) {
                   U"attributes that it adds.");
   std::vector<PlacedText> row = attributeRow(treeIndent + attributeIndent, U"Tag", U"Name", U"Type", U"Status");
   row.push_back({valueColumn, valueWidth, U"Value"});
+  for (PlacedText& title : row) title.style = Style::Title;
   appendRow(page, row);
 }
 
@@ -87,8 +89,9 @@ void appendAttribute(std::string& page, std::size_t column, const MetaAttribute&
 
 void appendSet(std::string& page, const SetTreeEntry& entry, const Dictionary& dictionary) {
   const std::size_t column = setColumn(entry);
-  appendRow(page, {placedBetween(column, keyColumn, setTitle(entry)),
-                   {keyColumn, keyWidth, printable(entry.set->key().toString(textForm))}});
+  PlacedText title = placedBetween(column, keyColumn, setTitle(entry));
+  title.style = Style::Name;
+  appendRow(page, {std::move(title), {keyColumn, keyWidth, printable(entry.set->key().toString(textForm))}});
   for (const std::u32string& note : noteTexts(*entry.set)) appendParagraph(page, column + attributeIndent, note);
   const auto& attributes = entry.set->metaAttributes();
   for (std::size_t i = entry.inheritedAttributes; i < attributes.size(); ++i) {

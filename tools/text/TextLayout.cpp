@@ -34,6 +34,32 @@ LineEnd findLineEnd(std::u32string_view text, std::size_t fitting) {
   return {fitting, 0};
 }
 
+constexpr const char* styleEnd = "\x1B[0m";
+
+/// Select Graphic Rendition of ECMA-48. The eight basic colours only: they suit light and dark terminals alike.
+const char* styleStart(Style style) {
+  switch (style) {
+    case Style::Heading:
+    case Style::Name:
+      return "\x1B[1m";
+    case Style::Title:
+      return "\x1B[2m";
+    case Style::Error:
+      return "\x1B[1;31m";
+    case Style::Warning:
+      return "\x1B[1;33m";
+    case Style::Hint:
+      return "\x1B[36m";
+    case Style::Plain:
+      break;
+  }
+  return "";
+}
+
+std::string styled(std::u32string_view text, Style style) {
+  return style == Style::Plain ? encode(text) : styleStart(style) + encode(text) + styleEnd;
+}
+
 }  // namespace
 
 std::vector<std::u32string> wrap(std::u32string_view text, std::size_t width) {
@@ -69,23 +95,37 @@ void appendRow(std::string& page, const std::vector<PlacedText>& row) {
     std::string text;
     std::size_t column = 0;
     for (std::size_t i = 0; i < row.size(); ++i) {
-      if (line >= wrapped[i].size() || wrapped[i][line].empty()) continue;
+      if (line >= wrapped[i].size()) continue;
+      const std::u32string_view piece(wrapped[i][line].data(), wrapped[i][line].find_last_not_of(U' ') + 1);
+      if (piece.empty()) continue;
       text.append(row[i].column - column, ' ');
-      text += encode(wrapped[i][line]);
-      column = row[i].column + columnsOf(wrapped[i][line]);
+      text += styled(piece, row[i].style);
+      column = row[i].column + columnsOf(piece);
     }
-    text.erase(text.find_last_not_of(' ') + 1);
     page += text + '\n';
   }
 }
 
-void appendParagraph(std::string& page, std::size_t column, std::u32string_view text) {
-  appendRow(page, {{column, pageWidth - column, std::u32string(text)}});
+void appendParagraph(std::string& page, std::size_t column, std::u32string_view text, Style style) {
+  appendRow(page, {{column, pageWidth - column, std::u32string(text), style}});
+}
+
+void appendHeading(std::string& page, std::u32string_view title) {
+  page += '\n';
+  appendParagraph(page, 0, title, Style::Heading);
 }
 
 void appendHeading(std::string& page, std::u32string_view title, std::size_t entries) {
-  page += '\n';
-  appendParagraph(page, 0, std::u32string(title) + U": " + decimal(entries));
+  appendHeading(page, std::u32string(title) + U": " + decimal(entries));
+}
+
+std::string withoutStyles(std::string_view page) {
+  std::string plain;
+  for (std::size_t start = page.find('\x1B'); start != std::string_view::npos; start = page.find('\x1B')) {
+    plain += page.substr(0, start);
+    page.remove_prefix(std::min(page.find('m', start), page.size() - 1) + 1);
+  }
+  return plain.append(page);
 }
 
 }  // namespace MXF::Tessel::Tool

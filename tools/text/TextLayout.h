@@ -21,19 +21,30 @@ std::vector<std::u32string> wrap(std::u32string_view text, std::size_t width);
 /// The text with each run of blanks made one, and none at its ends.
 std::u32string withoutExtraBlanks(std::u32string_view text);
 
+/// How a piece of text stands out on a terminal that shows colours.
+enum class Style { Plain, Heading, Title, Name, Error, Warning, Hint };
+
 /// A piece of text that starts at a column, counted from 0, and is wrapped to a width.
 struct PlacedText {
   std::size_t column;
   std::size_t width;
   std::u32string text;
+  Style style = Style::Plain;
 };
+
+/// The page without the control sequences that styles are made of. A page holds no other ones, as its texts are
+/// printable.
+std::string withoutStyles(std::string_view page);
 
 /// Appends a row of texts beside each other, as UTF-8: as many lines as the tallest one needs, no blanks at their ends.
 /// @param row  from left to right, without overlap.
 void appendRow(std::string& page, const std::vector<PlacedText>& row);
 
 /// Appends a text that takes the page's whole width from a column on.
-void appendParagraph(std::string& page, std::size_t column, std::u32string_view text);
+void appendParagraph(std::string& page, std::size_t column, std::u32string_view text, Style style = Style::Plain);
+
+/// Appends an empty line and a heading.
+void appendHeading(std::string& page, std::u32string_view title);
 
 /// Appends an empty line and the heading of a section, with the number of its entries.
 void appendHeading(std::string& page, std::u32string_view title, std::size_t entries);

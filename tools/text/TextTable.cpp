@@ -15,11 +15,12 @@ constexpr std::size_t rowIndent = 2;
 constexpr std::size_t noteIndent = 6;
 constexpr std::size_t narrowestColumn = 8;
 
-std::vector<PlacedText> placed(const std::vector<std::u32string>& cells, const std::vector<std::size_t>& widths) {
+std::vector<PlacedText> placed(const std::vector<std::u32string>& cells, const std::vector<std::size_t>& widths,
+                               Style style = Style::Plain) {
   std::vector<PlacedText> row;
   std::size_t column = rowIndent;
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    row.push_back({column, widths[i], cells[i]});
+    row.push_back({column, widths[i], cells[i], style});
     column += widths[i] + columnGap;
   }
   return row;
@@ -57,7 +58,7 @@ void TextTable::appendTo(std::string& page) const {
   const std::vector<std::size_t> widths = columnWidths();
   std::vector<std::u32string> titles;
   for (const Column& column : columns_) titles.push_back(column.title);
-  appendRow(page, placed(titles, widths));
+  appendRow(page, placed(titles, widths, Style::Title));
   for (const Row& row : rows_) {
     appendRow(page, placed(row.cells, widths));
     for (const std::u32string& note : row.notes) appendParagraph(page, noteIndent, note);

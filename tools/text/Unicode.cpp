@@ -101,8 +101,18 @@ std::u32string decimal(std::size_t number) {
   return fromAscii(std::to_string(number));
 }
 
+std::u32string lowerCase(std::u32string_view text) {
+  std::u32string result(text);
+  for (char32_t& character : result) {
+    if (character >= U'A' && character <= U'Z') character += U'a' - U'A';
+  }
+  return result;
+}
+
 std::u32string fromAscii(std::string_view text) {
-  return {text.begin(), text.end()};
+  std::u32string points;
+  for (const char character : text) points += static_cast<unsigned char>(character);
+  return points;
 }
 
 }  // namespace MXF::Tessel::Tool

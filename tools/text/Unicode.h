@@ -35,6 +35,9 @@ std::size_t columnsOf(std::u32string_view text);
 /// A decimal number.
 std::u32string decimal(std::size_t number);
 
+/// The text with capital ASCII letters as small ones.
+std::u32string lowerCase(std::u32string_view text);
+
 /// A text of ASCII characters.
 std::u32string fromAscii(std::string_view text);
 

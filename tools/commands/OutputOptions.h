@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace MXF::Tessel::Tool {
+
+namespace Formats {
+inline constexpr const char* text = "text";
+inline constexpr const char* json = "json";
+}  // namespace Formats
+
+/// What every subcommand can be told about its output.
+struct OutputOptions {
+  std::string format;  ///< One of those that the subcommand declares, the first one unless another is asked for.
+  std::optional<std::string> file;  ///< Where to write; none for the standard output.
+  std::string colour = "auto";
+  bool quiet = false;  ///< Errors and the result only: no warnings, no notes, no closing summary.
+};
+
+/// Declares --format, --output, --color and --quiet.
+/// @param formats  what --format takes, the default first.
+/// @param options  filled while the command line is read; outlives the subcommand.
+void declareOutputOptions(CLI::App& subcommand, const std::vector<std::string>& formats, OutputOptions& options);
+
+/// Writes a result where the options say: to the file, whole or not at all, or to the standard output.
+/// @param result  UTF-8. Of a page for people (text/TextLayout.h) the styles are kept when colour is wanted: always,
+///                or, with "auto", by a terminal while NO_COLOR is not set.
+/// @throws std::system_error  it could not be written.
+void writeResult(const OutputOptions& options, std::string_view result);
+
+}  // namespace MXF::Tessel::Tool

@@ -1,0 +1,90 @@
+// Looks at the annotations of top-level declarations, as the loader's queries do, but in both flavours and for both
+// kinds at once. Entry point: schemaContents(); all else is local.
+
+#include "loading/SchemaContents.h"
+
+#include "loading/Failure.h"
+
+#include <Utils/TextConversion.h>
+#include <XMLUtils/DocumentLoading.h>
+#include <XMLUtils/Initializer.h>
+#include <XMLUtils/TextConversion.h>
+
+#include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMElement.hpp>
+#include <xercesc/dom/DOMImplementation.hpp>
+#include <xercesc/dom/DOMLSParser.hpp>
+
+#include <memory>
+#include <string_view>
+
+namespace MXF::Tessel::Tool {
+
+using Templates::WideString;
+using xercesc::DOMElement;
+
+namespace {
+
+constexpr std::u16string_view urnLabel = u"urn:SMPTE:MXF:XMLInterface:Dictionary:ElementUL";
+constexpr std::u16string_view urnKey = u"urn:SMPTE:MXF:XMLInterface:Groups:Key";
+constexpr std::u16string_view registryLabel = u"http://www.smpte-ra.org/schemas/434/Dictionary/ElementUL";
+constexpr std::u16string_view registryKey = u"http://www.smpte-ra.org/schemas/434/Groups/Key";
+
+struct ParserRelease {
+  void operator()(xercesc::DOMLSParser* parser) const { parser->release(); }
+};
+using Parser = std::unique_ptr<xercesc::DOMLSParser, ParserRelease>;
+
+bool isNamed(const DOMElement& element, std::u16string_view localName) {
+  const XMLCh* name = element.getLocalName();
+  return name != nullptr && name == localName;
+}
+
+/// Calls the action for each child element of that name, or for every child element when the name is empty.
+template <class Action>
+void forEachChild(const DOMElement& parent, std::u16string_view localName, const Action& action) {
+  for (const DOMElement* child = parent.getFirstElementChild(); child != nullptr;
+       child = child->getNextElementSibling()) {
+    if (localName.empty() || isNamed(*child, localName)) action(*child);
+  }
+}
+
+void countAnnotation(const DOMElement& declaration, std::u16string_view source, SchemaContents& contents) {
+  const bool isElement = isNamed(declaration, u"element");
+  if (source == urnLabel) ++contents.urn.elements;
+  if (source == registryLabel) ++contents.registry.elements;
+  if (source == urnKey && isElement) ++contents.urn.groups;
+  if (source == registryKey && isElement) ++contents.registry.groups;
+}
+
+SchemaContents contentsOf(const DOMElement& schema) {
+  SchemaContents contents;
+  contents.targetNamespace = XMLUtils::toWstring(schema.getAttribute(u"targetNamespace"));
+  forEachChild(schema, u"", [&](const DOMElement& declaration) {
+    forEachChild(declaration, u"annotation", [&](const DOMElement& annotation) {
+      forEachChild(annotation, u"appinfo", [&](const DOMElement& information) {
+        countAnnotation(declaration, information.getAttribute(u"source"), contents);
+      });
+    });
+  });
+  return contents;
+}
+
+}  // namespace
+
+std::optional<SchemaContents> schemaContents(const std::string& path) {
+  std::optional<SchemaContents> contents;
+  // A failure is the loader's to tell; here it only means that there is nothing to see.
+  static_cast<void>(failureOf([&] {
+    xercesc::DOMImplementation& implementation = XMLUtils::Initializer::instance().domImplementation();
+    const Parser parser(implementation.createLSParser(xercesc::DOMImplementationLS::MODE_SYNCHRONOUS, nullptr));
+    const WideString widePath = Utils::stringToWstring(path.c_str());
+    const xercesc::DOMDocument* document = XMLUtils::loadDocumentFromFile(widePath.c_str(), *parser);
+    if (document != nullptr && document->getDocumentElement() != nullptr) {
+      contents = contentsOf(*document->getDocumentElement());
+    }
+  }));
+  return contents;
+}
+
+}  // namespace MXF::Tessel::Tool
