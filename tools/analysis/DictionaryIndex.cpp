@@ -111,6 +111,15 @@ std::size_t DictionaryIndex::inheritedAttributes(const Set& set) const {
   return allInherited ? own.size() : 0;
 }
 
+const MetaMetadataSet& DictionaryIndex::declaringSet(const Set& set, std::size_t attribute) const {
+  const Set* declaring = &set;
+  for (const Set* base : basesOf(set)) {
+    if (attribute >= inheritedAttributes(*declaring)) break;
+    declaring = base;
+  }
+  return *declaring;
+}
+
 const Templates::WideString* findProperty(const MetaMetadata::PropertyMap& map, const wchar_t* key) {
   const auto property = map.properties().find(key);
   return property == map.properties().end() ? nullptr : &property->second;

@@ -54,6 +54,9 @@ class DictionaryIndex {
   const Sets& derivedFrom(const Set& set) const;
   /// How many of the set's attributes, the first ones, are its base's.
   std::size_t inheritedAttributes(const Set& set) const;
+  /// The set that an attribute comes from: the set itself, or the base that it is inherited from.
+  /// @param attribute  position among the set's attributes.
+  const Set& declaringSet(const Set& set, std::size_t attribute) const;
 
  private:
   void indexElements();

@@ -4,6 +4,8 @@
 #include "commands/CommandLine.h"
 
 #include "commands/DumpCommand.h"
+#include "commands/ExplainCommand.h"
+#include "commands/GraphCommand.h"
 #include "commands/WrongUsage.h"
 #include "output/StandardStreams.h"
 
@@ -17,16 +19,18 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
-constexpr DeclareSubcommand subcommands[] = {declareDump};
+constexpr DeclareSubcommand subcommands[] = {declareDump, declareExplain, declareGraph};
 
 constexpr const char* description = "Reads MXF meta-dictionaries from annotated XML Schema documents (SMPTE ST 434).";
 constexpr const char* footer =
-    "Exit status: 0 on success, 1 when a file failed to load or the output could not be written,\n"
-    "2 for wrong usage.\n"
+    "Exit status: 0 on success; 1 when a file failed to load or is not what it was given as, when what\n"
+    "was asked for is not there, or when the output could not be written; 2 for wrong usage.\n"
     "\n"
     "Examples:\n"
     "  mxf-metadict dump --multiplex multiplex.xsd --dictionary dictionary.xsd\n"
     "      lists the elements of a dictionary schema\n"
+    "  mxf-metadict explain Preface --dictionary dictionary.xsd --scheme groups.xsd\n"
+    "      tells all that is known of one set\n"
     "  mxf-metadict dump --help\n"
     "      tells everything that dump can do";
 

@@ -22,6 +22,10 @@ void declareSchemaOption(CLI::App& subcommand, LoadRequest& request, FileKind ki
       ->group(schemaGroup);
 }
 
+void declareSwitch(CLI::App& subcommand, const char* name, bool& value, const char* help) {
+  subcommand.add_flag(name, value, help)->group(schemaGroup);
+}
+
 }  // namespace
 
 void declareFileOptions(CLI::App& subcommand, LoadRequest& request) {
@@ -32,17 +36,14 @@ void declareFileOptions(CLI::App& subcommand, LoadRequest& request) {
       ->group(schemaGroup);
   declareSchemaOption(subcommand, request, FileKind::Dictionary, "Schema of elements; may be given many times");
   declareSchemaOption(subcommand, request, FileKind::Scheme, "Schema of sets; may be given many times");
-  subcommand.add_flag("--keep-going", request.keepGoing, "Load the remaining files after one has failed")
-      ->group(schemaGroup);
+  declareSwitch(subcommand, "--keep-going", request.keepGoing, "Load the remaining files after one has failed");
 }
 
 void declareContentOptions(CLI::App& subcommand, LoadRequest& request) {
-  const auto declare = [&](const char* name, bool& value, const char* help) {
-    subcommand.add_flag(name, value, help)->group(schemaGroup);
-  };
-  declare("--abstract-groups", request.abstractGroups, "Load abstract groups as sets, too");
-  declare("--documentation", request.documentation, "Load the documentation of elements and sets");
-  declare("--length-description", request.lengthDescription, "Load the length descriptions of elements");
+  declareSwitch(subcommand, "--abstract-groups", request.abstractGroups, "Load abstract groups as sets, too");
+  declareSwitch(subcommand, "--documentation", request.documentation, "Load the documentation of elements and sets");
+  declareSwitch(subcommand, "--length-description", request.lengthDescription,
+                "Load the length descriptions of elements");
 }
 
 void requireSchemas(const LoadRequest& request) {

@@ -55,6 +55,10 @@ std::string describeSurplus(const CLI::App& tool, const CLI::App& app, const std
     return misplaced.empty() ? "no such option: " + name + didYouMean(name, optionNames(app)) : misplaced;
   }
   if (isTool) return "no such subcommand: " + argument + didYouMean(argument, subcommandNames(tool));
+  const auto isPositional = [](const CLI::Option* option) { return option->get_positional(); };
+  if (!app.get_options(isPositional).empty()) {
+    return "unexpected argument: " + argument + "; what holds blanks needs quotation marks around it";
+  }
   return "unexpected argument: " + argument + "; schemas are given with --dictionary, --scheme and --multiplex";
 }
 

@@ -41,9 +41,20 @@ std::size_t countDeclared(FileKind kind, const MetaMetadata::Dictionary& diction
   return static_cast<std::size_t>(count);
 }
 
-LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, LoadOutcome& outcome) {
+std::optional<Failure> tryToLoad(XSDDictionaryLoader2& loader, const SchemaFile& file, const LoadRequest& request,
+                                 MetaMetadata::Dictionary& dictionary) {
+  const bool mayDoWithout = request.abstractGroupsIfPossible && !request.abstractGroups;
+  loader.loadAbstractGroups(request.abstractGroups || request.abstractGroupsIfPossible);
+  std::optional<Failure> failure = failureOf([&] { loadFile(loader, file, dictionary); });
+  if (!failure || !mayDoWithout || file.kind != FileKind::Scheme) return failure;
+  loader.loadAbstractGroups(false);
+  return failureOf([&] { loadFile(loader, file, dictionary); });
+}
+
+LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, const LoadRequest& request,
+                        LoadOutcome& outcome) {
   const std::size_t before = countDeclared(file.kind, outcome.dictionary);
-  LoadRecord record{file, failureOf([&] { loadFile(loader, file, outcome.dictionary); }), std::nullopt};
+  LoadRecord record{file, tryToLoad(loader, file, request, outcome.dictionary), std::nullopt};
   if (record.failure) {
     record.advice = adviceOnFailure(record, outcome);
   } else if (file.kind != FileKind::Multiplex && countDeclared(file.kind, outcome.dictionary) == before) {
@@ -78,12 +89,11 @@ const char* fileKindName(FileKind kind) {
 LoadResult loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
                        const std::function<void(const LoadRecord&)>& onTrouble) {
   XSDDictionaryLoader2 loader;
-  loader.loadAbstractGroups(request.abstractGroups);
   loader.loadMetaElementDocumentation(request.documentation);
   loader.loadMetaElementLengthDescription(request.lengthDescription);
 
   for (const SchemaFile& file : filesInLoadOrder(request)) {
-    outcome.loads.push_back(loadRecorded(loader, file, outcome));
+    outcome.loads.push_back(loadRecorded(loader, file, request, outcome));
     const LoadRecord& record = outcome.loads.back();
     if (record.failure || record.advice) onTrouble(record);
     if (record.failure && !request.keepGoing) break;

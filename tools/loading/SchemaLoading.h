@@ -28,6 +28,8 @@ struct LoadRequest {
   std::optional<std::string> multiplex;  ///< Loaded before the schemas.
   std::vector<SchemaFile> schemas;       ///< Dictionaries and schemes, in the order to load them in.
   bool abstractGroups = false;
+  /// Load abstract groups of each scheme that can be loaded with them: in some schemas they have no key.
+  bool abstractGroupsIfPossible = false;
   bool documentation = false;
   bool lengthDescription = false;
   bool keepGoing = false;  ///< Load the files that follow one that failed.

@@ -1,0 +1,107 @@
+#include "commands/GraphCommand.h"
+
+#include "analysis/Lookup.h"
+#include "commands/LoadOptions.h"
+#include "graph/GraphFormats.h"
+#include "output/StandardStreams.h"
+#include "text/ElementText.h"
+#include "text/Unicode.h"
+
+#include <Utils/TextConversion.h>
+
+#include <CLI/CLI.hpp>
+
+#include <limits>
+#include <memory>
+#include <optional>
+
+namespace MXF::Tessel::Tool {
+
+namespace {
+
+constexpr const char* dotFormat = "dot";
+constexpr const char* mermaidFormat = "mermaid";
+constexpr const char* inheritanceOnly = "inheritance";
+constexpr const char* referencesOnly = "references";
+
+struct GraphOptions {
+  std::optional<std::string> set;
+  std::size_t depth = 1;
+  std::string only;
+  LoadRequest load;
+  OutputOptions output;
+};
+
+constexpr SubcommandHelp help = {
+    "graph", "Draws how sets derive from and refer to each other.",
+    "The graph is written for Graphviz, for Mermaid, or as JSON. A hollow arrow (dot) or a thick one\n"
+    "(mermaid) points from a set to its base; the other arrows are references, named by their elements,\n"
+    "with dashed lines for weak ones. Abstract sets have dashed borders.\n"
+    "\n"
+    "With --set the graph shows what the set derives from and refers to, what derives from or refers to\n"
+    "it, and so on in each direction, as many steps as --depth says.",
+    "  mxf-metadict graph --dictionary dictionary.xsd --scheme groups.xsd | dot -Tsvg > sets.svg\n"
+    "      draws all sets\n"
+    "  mxf-metadict graph --set \"Material Package\" --depth 2 --format mermaid \\\n"
+    "                     --dictionary dictionary.xsd --scheme groups.xsd\n"
+    "      draws two steps around one set"};
+
+/// The set that a text stands for; null, and told, when there is none or more than one.
+const DictionaryIndex::Set* findSet(const DictionaryIndex& index, const std::string& name) {
+  const LookupResult found = lookUp(index, Utils::stringToWstring(name.c_str()), Sought::Sets);
+  if (found.matches.size() == 1) return found.matches.front().set;
+  if (found.matches.size() > 1) {
+    reportError(std::to_string(found.matches.size()) + " sets are called " + name + ": give the key of one");
+    return nullptr;
+  }
+  std::string message = "no set is called " + name;
+  const char* separator = "; did you mean ";
+  for (const NearMiss& miss : found.nearMisses) {
+    message += separator + encode(nameText(*miss.entry.set));
+    separator = " or ";
+  }
+  reportError(message + (*separator == ' ' ? "?" : ""));
+  return nullptr;
+}
+
+std::string write(const DictionaryGraph& graph, const std::string& format) {
+  if (format == Formats::json) return graphJson(graph);
+  return format == mermaidFormat ? graphMermaid(graph) : graphDot(graph);
+}
+
+ExitStatus runGraph(const GraphOptions& options) {
+  return withDictionary(options.load, options.output, [&](const LoadOutcome& outcome) {
+    const DictionaryIndex index(outcome.dictionary);
+    GraphRequest request{options.only != referencesOnly, options.only != inheritanceOnly, nullptr, options.depth};
+    if (options.set) {
+      request.centre = findSet(index, *options.set);
+      if (request.centre == nullptr) return ExitStatus::Failure;
+    }
+    writeResult(options.output, write(dictionaryGraph(index, request), options.output.format));
+    return ExitStatus::Success;
+  });
+}
+
+}  // namespace
+
+void declareGraph(CLI::App& tool, Action& action) {
+  const auto options = std::make_shared<GraphOptions>();
+  options->load.abstractGroupsIfPossible = true;
+  CLI::App& graph = declareSubcommand(tool, help, {dotFormat, mermaidFormat, Formats::json}, options->output);
+  graph.add_option("--set", options->set, "Draw what is around this set: a name or key, as for explain")
+      ->type_name("NAME");
+  const CLI::Option* depth = graph.add_option("--depth", options->depth, "How many steps around it; 1 if not given")
+                                 ->type_name("NUMBER")
+                                 ->check(CLI::Range(0, std::numeric_limits<int>::max()).description(""));
+  graph.add_option("--only", options->only, "Leave out the other arrows")
+      ->type_name(std::string(inheritanceOnly) + "|" + referencesOnly)
+      ->check(CLI::IsMember({inheritanceOnly, referencesOnly}).description(""));
+  declareFileOptions(graph, options->load);
+  graph.callback([options, depth, &action] {
+    if (depth->count() > 0 && !options->set) throw CLI::RequiresError("--depth", "--set");
+    requireSchemas(options->load);
+    action = [options] { return runGraph(*options); };
+  });
+}
+
+}  // namespace MXF::Tessel::Tool

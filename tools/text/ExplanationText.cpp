@@ -1,0 +1,243 @@
+// What is known of one element or set, as text. Entry point: explanationText(); all else is local.
+
+#include "text/ExplanationText.h"
+
+#include "analysis/PendingReferences.h"
+#include "text/ElementText.h"
+#include "text/TextLayout.h"
+#include "text/TextTable.h"
+#include "text/Unicode.h"
+#include "text/ValueText.h"
+
+#include <MetaMetadata/AttributeRequiredStatus.h>
+#include <MetaMetadata/PropertyKeys.h>
+
+#include <map>
+#include <utility>
+
+namespace MXF::Tessel::Tool {
+
+using MetaMetadata::MetaAttribute;
+using MetaMetadata::MetaElement;
+using MetaMetadata::MetaMetadataSet;
+using MetaMetadata::PropertyMap;
+
+namespace PropertyKeys = MetaMetadata::PropertyKeys;
+
+namespace {
+
+constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
+constexpr std::size_t indent = 2;
+constexpr std::size_t factWidth = 13;
+constexpr std::size_t factColumn = indent + factWidth + columnGap;
+
+/// A line "What   Text"; nothing when there is no text.
+void appendFact(std::string& page, std::u32string what, const std::u32string& text) {
+  if (text.empty()) return;
+  appendRow(page, {{indent, factWidth, std::move(what), Style::Title}, {factColumn, pageWidth - factColumn, text}});
+}
+
+std::u32string titleOf(const MetaMetadataSet& set) {
+  const bool isAbstract = propertyText(set, PropertyKeys::isAbstract) == U"true";
+  return nameText(set) + (isAbstract ? U" (abstract)" : U"");
+}
+
+template <class List, class ToText>
+std::u32string listed(const List& list, const char32_t* separator, const ToText& toText) {
+  std::u32string text;
+  for (const auto& item : list) text += (text.empty() ? U"" : separator) + toText(item);
+  return text;
+}
+
+std::u32string namesOf(const DictionaryIndex::Sets& sets) {
+  return listed(sets, U", ", [](const MetaMetadataSet* set) { return titleOf(*set); });
+}
+
+void appendNames(std::string& page, const PropertyMap& map) {
+  appendFact(page, U"XML name", propertyText(map, PropertyKeys::xmlTagName));
+  appendFact(page, U"XML of items", propertyText(map, PropertyKeys::xmlChildTagName));
+  appendFact(page, U"Namespace", propertyText(map, PropertyKeys::xmlNamespaceURI));
+}
+
+std::u32string tagText(const MetaAttribute& attribute) {
+  return attribute.localTag() == nullptr ? U"-" : printable(attribute.localTag()->toString(textForm));
+}
+
+std::u32string statusText(const MetaAttribute& attribute) {
+  return printable(MetaMetadata::AttributeRequiredStatus::instance().toString(attribute.requiredStatus()));
+}
+
+std::u32string distinguishedText(const MetaAttribute& attribute) {
+  return attribute.distinguishedValue() == nullptr ? std::u32string() : valueText(*attribute.distinguishedValue());
+}
+
+void appendUses(std::string& page, const DictionaryIndex& index, const MetaElement& element) {
+  TextTable table({{U"Set", true}, {U"Tag"}, {U"Status"}, {U"Value", true}});
+  std::size_t uses = 0;
+  std::map<const MetaMetadataSet*, DictionaryIndex::Sets> heirs;
+  for (const DictionaryIndex::Use& use : index.usesOf(element)) {
+    if (use.isInherited) heirs[&index.declaringSet(*use.set, use.attribute)].push_back(use.set);
+  }
+  for (const DictionaryIndex::Use& use : index.usesOf(element)) {
+    if (use.isInherited) continue;
+    const MetaAttribute& attribute = *use.set->metaAttributes()[use.attribute];
+    std::vector<std::u32string> notes;
+    const DictionaryIndex::Sets& inheriting = heirs[use.set];
+    if (!inheriting.empty()) notes.push_back(U"inherited by " + namesOf(inheriting));
+    table.addRow({titleOf(*use.set), tagText(attribute), statusText(attribute), distinguishedText(attribute)}, notes);
+    ++uses;
+  }
+  appendHeading(page, U"Used by sets", uses);
+  table.appendTo(page);
+}
+
+void appendTargets(std::string& page, const DictionaryIndex& index, const MetaElement& element) {
+  const DictionaryIndex::Sets targets = index.targetsOf(element);
+  const std::vector<PendingReference> pending = pendingReferences(element);
+  if (targets.empty() && pending.empty()) return;
+  TextTable table({{U"Key", true}, {U"Set", true}});
+  for (const MetaMetadataSet* set : targets) table.addRow({printable(set->key().toString(textForm)), titleOf(*set)});
+  for (const PendingReference& reference : pending) {
+    table.addRow({U"not declared", printable(reference.setName)}, {U"in " + printable(reference.namespaceUri)});
+  }
+  appendHeading(page, U"May refer to sets", targets.size() + pending.size());
+  table.appendTo(page);
+}
+
+void appendElement(std::string& page, const DictionaryIndex& index, const MetaElement& element) {
+  appendParagraph(page, 0, U"Element: " + nameText(element), Style::Heading);
+  appendFact(page, U"Label", printable(element.universalLabel().toString(textForm)));
+  appendFact(page, U"Type", typeText(element, index.dictionary()));
+  appendFact(page, U"Local tags",
+             listed(index.dictionary().localTagsOf(element.universalLabel()), U", ",
+                    [](const Types::LocalTag& tag) { return printable(tag.toString(textForm)); }));
+  appendNames(page, element);
+  appendFact(page, U"Length", withoutExtraBlanks(propertyText(element, PropertyKeys::lengthDescription)));
+  appendFact(page, U"Documentation", withoutExtraBlanks(propertyText(element, PropertyKeys::documentation)));
+  appendTargets(page, index, element);
+  appendUses(page, index, element);
+}
+
+/// The chain of bases, or what is known of a base that is not there.
+std::u32string basesText(const DictionaryIndex& index, const MetaMetadataSet& set) {
+  const DictionaryIndex::Sets bases = index.basesOf(set);
+  std::u32string text = listed(bases, U" < ", [](const MetaMetadataSet* base) { return titleOf(*base); });
+  const auto missing = index.missingBaseOf(bases.empty() ? set : *bases.back());
+  if (!missing) return text;
+  return text + (text.empty() ? U"" : U" < ") + printable(*missing) + U" (not loaded)";
+}
+
+/// @param own  whether to list the set's own attributes or the inherited ones.
+void appendAttributes(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set, bool own) {
+  std::vector<TextTable::Column> columns{{U"Tag"}, {U"Name", true}, {U"Type", true}, {U"Status"}, {U"Value", true}};
+  if (!own) columns.push_back({U"From", true});
+  TextTable table(std::move(columns));
+  const std::size_t inherited = index.inheritedAttributes(set);
+  const auto& attributes = set.metaAttributes();
+  const std::size_t first = own ? inherited : 0;
+  const std::size_t end = own ? attributes.size() : inherited;
+  for (std::size_t i = first; i < end; ++i) {
+    const MetaElement& element = attributes[i]->metaElement();
+    std::vector<std::u32string> cells{tagText(*attributes[i]), nameText(element), typeText(element, index.dictionary()),
+                                      statusText(*attributes[i]), distinguishedText(*attributes[i])};
+    if (!own) cells.push_back(nameText(index.declaringSet(set, i)));
+    table.addRow(std::move(cells));
+  }
+  appendHeading(page, own ? U"Own attributes" : U"Inherited attributes", end - first);
+  table.appendTo(page);
+}
+
+/// The sets of which the element is an attribute of their own.
+DictionaryIndex::Sets holdersOf(const DictionaryIndex& index, const MetaElement& element) {
+  DictionaryIndex::Sets holders;
+  for (const DictionaryIndex::Use& use : index.usesOf(element)) {
+    if (!use.isInherited) holders.push_back(use.set);
+  }
+  return holders;
+}
+
+void appendReferences(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set) {
+  TextTable table({{U"Element", true}, {U"Type", true}, {U"In sets", true}, {U"As", true}});
+  std::size_t count = 0;
+  DictionaryIndex::Sets targets = index.basesOf(set);
+  targets.insert(targets.begin(), &set);
+  for (const MetaMetadataSet* target : targets) {
+    for (const MetaElement* element : index.referencesTo(*target)) {
+      const std::u32string type = typeText(*element, index.dictionary());
+      table.addRow({nameText(*element), type.substr(0, type.find(U" to ")), namesOf(holdersOf(index, *element)),
+                    titleOf(*target)});
+      ++count;
+    }
+  }
+  appendHeading(page, U"Referenced by elements", count);
+  table.appendTo(page);
+}
+
+void appendSet(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set) {
+  appendParagraph(page, 0, U"Set: " + titleOf(set), Style::Heading);
+  appendFact(page, U"Key", printable(set.key().toString(textForm)));
+  appendFact(page, U"Derived from", basesText(index, set));
+  appendFact(page, U"Base of", namesOf(index.derivedFrom(set)));
+  appendNames(page, set);
+  appendFact(page, U"Documentation", withoutExtraBlanks(propertyText(set, PropertyKeys::documentation)));
+  appendAttributes(page, index, set, true);
+  if (index.inheritedAttributes(set) > 0) appendAttributes(page, index, set, false);
+  appendReferences(page, index, set);
+}
+
+const char32_t* reasonText(Nearness nearness) {
+  switch (nearness) {
+    case Nearness::Version:
+      return U"other version byte";
+    case Nearness::Wildcard:
+      return U"the same where 7F stands for any byte";
+    case Nearness::Case:
+      return U"other case or spacing";
+    case Nearness::Bytes:
+      return U"some other bytes";
+    case Nearness::Spelling:
+      return U"similar spelling";
+    case Nearness::Part:
+      break;
+  }
+  return U"holds the text";
+}
+
+/// The name, and the XML name when it is another one than that in a different form.
+std::u32string bothNames(const PropertyMap& map) {
+  const std::u32string name = nameText(map);
+  const std::u32string xmlName = propertyText(map, PropertyKeys::xmlTagName);
+  return nameLetters(name) == nameLetters(xmlName) ? name : name + U" (" + xmlName + U")";
+}
+
+void appendNearMisses(std::string& page, const Templates::WideString& question, const LookupResult& found) {
+  appendParagraph(page, 0,
+                  U"Nothing is called \"" + printable(question) + U"\"" +
+                      (found.nearMisses.empty() ? U", and nothing comes near it." : U". These come near it:"));
+  TextTable table({{U"Kind"}, {U"Label or key"}, {U"Name", true}, {U"How it differs", true}});
+  for (const NearMiss& miss : found.nearMisses) {
+    const MetaElement* element = miss.entry.element;
+    table.addRow({element != nullptr ? U"element" : U"set",
+                  printable(element != nullptr ? element->universalLabel().toString(textForm)
+                                               : miss.entry.set->key().toString(textForm)),
+                  bothNames(element != nullptr ? static_cast<const PropertyMap&>(*element) : *miss.entry.set),
+                  reasonText(miss.nearness)});
+  }
+  table.appendTo(page);
+}
+
+}  // namespace
+
+std::string explanationText(const DictionaryIndex& index, const Templates::WideString& question,
+                            const LookupResult& found) {
+  std::string page;
+  for (const Entry& entry : found.matches) {
+    if (!page.empty()) page += "\n\n";
+    if (entry.element != nullptr) appendElement(page, index, *entry.element);
+    if (entry.set != nullptr) appendSet(page, index, *entry.set);
+  }
+  if (found.matches.empty()) appendNearMisses(page, question, found);
+  return page;
+}
+
+}  // namespace MXF::Tessel::Tool
