@@ -8,7 +8,8 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
-constexpr std::size_t lettersPerEdit = 3;      // a third of a word's letters may be wrong
+constexpr std::size_t lettersPerEdit = 3;      // a third of a short word's letters may be wrong
+constexpr std::size_t mostEdits = 3;           // more make a long word another one
 constexpr std::size_t shortestBeginning = 2;   // a single letter begins too many words
 constexpr std::size_t longestCompared = 1000;  // the distance takes time and memory by the product of the lengths
 
@@ -31,9 +32,9 @@ std::size_t editDistance(std::u32string_view a, std::u32string_view b) {
 
 bool isSimilar(std::u32string_view given, std::u32string_view known) {
   const auto [shorter, longer] = std::minmax(given.size(), known.size());
-  const std::size_t mostEdits = longer / lettersPerEdit;
-  if (longer > longestCompared || longer - shorter > mostEdits) return false;
-  return editDistance(lowerCase(given), lowerCase(known)) <= mostEdits;
+  const std::size_t allowed = std::min(longer / lettersPerEdit, mostEdits);
+  if (longer > longestCompared || longer - shorter > allowed) return false;
+  return editDistance(lowerCase(given), lowerCase(known)) <= allowed;
 }
 
 std::vector<std::string> nearest(std::string_view given, const std::vector<std::string>& known) {
