@@ -29,7 +29,7 @@ std::vector<std::string> optionNames(const CLI::App& app) {
 }
 
 bool looksLikeOption(const std::string& argument) {
-  return argument.size() > 1 && argument.front() == '-';
+  return argument.size() > 1 && argument.front() == '-' && argument != "--";
 }
 
 std::string didYouMean(const std::string& given, const std::vector<std::string>& known) {
@@ -50,9 +50,11 @@ std::string misplacedOption(const CLI::App& tool, const std::string& option) {
 std::string describeSurplus(const CLI::App& tool, const CLI::App& app, const std::string& argument) {
   const std::string name = argument.substr(0, argument.find('='));
   const bool isTool = &app == &tool;
-  if (looksLikeOption(argument)) {
+  const std::vector<std::string> known = optionNames(app);
+  const bool isKnown = std::find(known.begin(), known.end(), name) != known.end();  // it stands behind "--"
+  if (looksLikeOption(argument) && !isKnown) {
     const std::string misplaced = isTool ? misplacedOption(tool, name) : "";
-    return misplaced.empty() ? "no such option: " + name + didYouMean(name, optionNames(app)) : misplaced;
+    return misplaced.empty() ? "no such option: " + name + didYouMean(name, known) : misplaced;
   }
   if (isTool) return "no such subcommand: " + argument + didYouMean(argument, subcommandNames(tool));
   const auto isPositional = [](const CLI::Option* option) { return option->get_positional(); };

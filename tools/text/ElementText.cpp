@@ -49,11 +49,16 @@ std::u32string nameText(const PropertyMap& map) {
   return propertyText(map, PropertyKeys::name);
 }
 
-std::u32string typeText(const MetaElement& element, const Dictionary& dictionary) {
+std::u32string dataTypeText(const MetaElement& element) {
   std::u32string text = typeName(element.dataType());
   if (const auto* collection = as<MetaMetadata::MetaCollectionElement>(element)) {
     text += U" of " + typeName(collection->dataSubType());
   }
+  return text;
+}
+
+std::u32string typeText(const MetaElement& element, const Dictionary& dictionary) {
+  std::u32string text = dataTypeText(element);
   if (const auto* reference = as<MetaMetadata::MetaReferenceHolder>(element)) {
     const char32_t* separator = U" to ";
     for (const KLV::Key& key : reference->allowedMetadataSets()) {

@@ -16,7 +16,10 @@ std::u32string propertyText(const MetaMetadata::PropertyMap& map, const wchar_t*
 /// The registry name.
 std::u32string nameText(const MetaMetadata::PropertyMap& map);
 
-/// The data type by its name, with the items' type, and for references the names of the sets that they may point at:
+/// The data type by its name, with the items' type: "Batch of StrongReference".
+std::u32string dataTypeText(const MetaMetadata::MetaElement& element);
+
+/// The same, and for references the names of the sets that they may point at:
 /// "Batch of StrongReference to Track". A set that the dictionary does not hold is named by its key.
 std::u32string typeText(const MetaMetadata::MetaElement& element, const MetaMetadata::Dictionary& dictionary);
 

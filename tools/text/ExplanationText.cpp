@@ -107,7 +107,7 @@ void appendTargets(std::string& page, const DictionaryIndex& index, const MetaEl
 void appendElement(std::string& page, const DictionaryIndex& index, const MetaElement& element) {
   appendParagraph(page, 0, U"Element: " + nameText(element), Style::Heading);
   appendFact(page, U"Label", printable(element.universalLabel().toString(textForm)));
-  appendFact(page, U"Type", typeText(element, index.dictionary()));
+  appendFact(page, U"Type", dataTypeText(element));
   appendFact(page, U"Local tags",
              listed(index.dictionary().localTagsOf(element.universalLabel()), U", ",
                     [](const Types::LocalTag& tag) { return printable(tag.toString(textForm)); }));
@@ -163,9 +163,7 @@ void appendReferences(std::string& page, const DictionaryIndex& index, const Met
   targets.insert(targets.begin(), &set);
   for (const MetaMetadataSet* target : targets) {
     for (const MetaElement* element : index.referencesTo(*target)) {
-      const std::u32string type = typeText(*element, index.dictionary());
-      table.addRow({nameText(*element), type.substr(0, type.find(U" to ")), namesOf(holdersOf(index, *element)),
-                    titleOf(*target)});
+      table.addRow({nameText(*element), dataTypeText(*element), namesOf(holdersOf(index, *element)), titleOf(*target)});
       ++count;
     }
   }
