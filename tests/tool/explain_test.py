@@ -96,6 +96,13 @@ class Explain(ToolTest):
         self.assertEqual(([heir["name"] for heir in entry["derived"]], entry["abstract"]),
                          (["Leaf Set", "Other Set"], True))
 
+    def test_attributes_come_from_the_base_that_adds_them(self):
+        self.write("s.xsd", scheme(group(1, "Top", attribute("A")), group(2, "Middle", attribute("Own"), base="Top"),
+                                   group(3, "Low", attribute("AlphaTrack"), base="Middle")))
+        attributes = self.explain("Low")["sets"][0]["attributes"]
+        self.assertEqual([origin and origin["name"] for origin in (a["inheritedFrom"] for a in attributes)],
+                         ["Top", "Middle", None])
+
     def test_abstract_groups_without_key_are_done_without(self):
         self.write("s.xsd", (self.folder / "s.xsd").read_text()
                    .replace(f'<xs:appinfo source="urn:SMPTE:MXF:XMLInterface:Groups:Key">{key(10)}</xs:appinfo>', ""))
