@@ -16,12 +16,12 @@ class Explain(ToolTest):
     def setUp(self):
         super().setUp()
         self.write("d.xsd", dictionary(
-            element(1, "A", "UInt32", "Alpha Value", documentation="About\n alpha.", Dictionary_Length="4 bytes"),
+            "\n", element(1, "A", "UInt32", "Alpha Value", documentation="About\n alpha.", Dictionary_Length="4 bytes"),
             element(2, "Own"), reference(3, "Ref", "Leaf", "Gone"), element(4, "AlphaTrack", "UTF16String", "Track 1")))
         self.write("s.xsd", scheme(
             group(10, "Root", attribute("A", "Opt", "01.02", "7"), name="Root Set")
             .replace('type="g:RootType"', 'type="g:RootType" abstract="true"'),
-            group(11, "Leaf", attribute("Own", "Req", "00.03"), base="Root", name="Leaf Set"),
+            "\n\n", group(11, "Leaf", attribute("Own", "Req", "00.03"), base="Root", name="Leaf Set"),
             group(12, "Other", attribute("Ref", "E/req"), base="Root", name="Other Set")))
         self.files = ["--dictionary", "d.xsd", "--scheme", "s.xsd"]
 
@@ -70,6 +70,8 @@ class Explain(ToolTest):
         root = {"key": key(10), "name": "Root Set"}
         use = {"localTag": "01.02", "requiredStatus": "Opt", "distinguishedValue": {"dataType": 18, "value": 7}}
         uses = entry.pop("uses")
+        for found in uses:
+            self.assertEqual(found.pop("declaredAt")["path"], "s.xsd")
         self.assertEqual(uses, [
             {"set": root, **use, "inheritedFrom": None},
             {"set": {"key": key(11), "name": "Leaf Set"}, **use, "inheritedFrom": root},
@@ -77,7 +79,7 @@ class Explain(ToolTest):
         self.assertEqual(entry, {
             "label": label(1), "name": "Alpha Value", "dataType": "UInt32", "dataSubType": None, "localTags": ["01.02"],
             "xmlName": "A", "xmlItemName": None, "xmlNamespace": "urn:x:elements", "length": "4 bytes",
-            "documentation": "About\n alpha.", "targets": [], "undeclaredTargets": []})
+            "documentation": "About\n alpha.", "declaredAt": {"path": "d.xsd", "line": 2, "column": 1}, "targets": [], "undeclaredTargets": []})
         entry = self.explain("Ref")["elements"][0]
         self.assertEqual(entry["targets"], [{"key": key(11), "name": "Leaf Set"}])
         self.assertEqual(entry["undeclaredTargets"], [{"name": "Gone", "namespace": "urn:x:groups"}])
@@ -117,6 +119,7 @@ class Explain(ToolTest):
             "  Derived from   Root Set (abstract)",
             "  XML name       Leaf",
             "  Namespace      urn:x:groups",
+            "  Declared at    s.xsd:3:1",
             "",
             "Own attributes: 1",
             "  Tag    Name  Type    Status  Value",

@@ -56,6 +56,12 @@ Json references(const DictionaryIndex::Sets& sets) {
   return array(sets, [](const MetaMetadataSet* set) { return reference(*set); });
 }
 
+Json originJson(const PropertyMap& map) {
+  const Utils::SourceLocation& origin = map.origin();
+  if (!origin.isKnown()) return {};
+  return {{"path", jsonString(origin.path())}, {"line", origin.line()}, {"column", origin.column()}};
+}
+
 Json typeName(Types::Identifiers::Identifier type) {
   return jsonString(Types::Identifiers::identifierToString(type));
 }
@@ -82,6 +88,7 @@ void addAttribute(Json& json, const DictionaryIndex& index, const MetaMetadataSe
   json["localTag"] = tag == nullptr ? Json() : jsonString(tag->toString(textForm));
   json["requiredStatus"] = jsonString(statusWords.toString(attribute.requiredStatus()));
   json["distinguishedValue"] = value == nullptr ? Json() : valueJson(*value);
+  json["declaredAt"] = originJson(attribute);
   json["inheritedFrom"] = &declaring == &set ? Json() : reference(declaring);
 }
 
@@ -104,6 +111,7 @@ Json elementJson(const DictionaryIndex& index, const MetaElement& element) {
   json["xmlNamespace"] = property(element, PropertyKeys::xmlNamespaceURI);
   json["length"] = property(element, PropertyKeys::lengthDescription);
   json["documentation"] = property(element, PropertyKeys::documentation);
+  json["declaredAt"] = originJson(element);
   json["targets"] = references(index.targetsOf(element));
   json["undeclaredTargets"] = pendingJson(element);
   json["uses"] = usesJson(index, element);
@@ -151,6 +159,7 @@ Json setJson(const DictionaryIndex& index, const MetaMetadataSet& set) {
   json["xmlName"] = property(set, PropertyKeys::xmlTagName);
   json["xmlNamespace"] = property(set, PropertyKeys::xmlNamespaceURI);
   json["documentation"] = property(set, PropertyKeys::documentation);
+  json["declaredAt"] = originJson(set);
   json["attributes"] = attributesJson(index, set);
   json["referencedBy"] = referencedByJson(index, set);
   return json;

@@ -33,7 +33,7 @@ std::string unqualifiedName(const std::type_info& type) {
 }
 
 Failure xmlFailure(const char* className, const XMLCh* message) {
-  Failure failure{className, std::nullopt, {}, std::nullopt};
+  Failure failure{className, std::nullopt, {}, {}};
   XMLUtils::utf16ToWstring(message, failure.message);
   return failure;
 }
@@ -49,18 +49,13 @@ std::size_t skipNumber(std::string_view text, std::size_t position) {
   return position < text.size() && text[position] == ':' && end > position + 1 ? end : std::string_view::npos;
 }
 
-/// The place that a message begins with, "PATH:LINE:COLUMN", as those of the parser do; else empty.
-std::string_view placeOf(std::string_view message, const std::string& file, const Failure& failure) {
-  // Other messages may hold the like by chance, and those of an import begin with its path.
-  const bool isParser = failure.className == "SAXParseException" || failure.className == "ParseError";
-  if (!isParser) return {};
-  const bool namesFile = message.substr(0, file.size()) == file;
-  for (std::size_t colon = message.find(':', namesFile ? file.size() : 0); colon != std::string_view::npos;
-       colon = message.find(':', colon + 1)) {
+/// The place that a message of the parser begins with, "PATH:LINE:COLUMN"; empty for any other message.
+std::string_view placeOf(std::string_view message, const Failure& failure) {
+  if (failure.className != "SAXParseException") return {};  // others may hold the like by chance
+  for (std::size_t colon = message.find(':'); colon != std::string_view::npos; colon = message.find(':', colon + 1)) {
     const std::size_t line = skipNumber(message, colon);
     const std::size_t column = line == std::string_view::npos ? line : skipNumber(message, line);
     if (column != std::string_view::npos && message.substr(column, 2) == ": ") return message.substr(0, column);
-    if (namesFile) break;
   }
   return {};
 }
@@ -73,7 +68,7 @@ std::optional<Failure> failureOf(const std::function<void()>& action) {
     action();
     return std::nullopt;
   } catch (const Exceptions::BaseException& error) {
-    return Failure{unqualifiedName(typeid(error)), error.code(), error.message(), std::nullopt};
+    return Failure{unqualifiedName(typeid(error)), error.code(), error.message(), error.location()};
   } catch (const XQillaException& error) {
     return xmlFailure("XQillaException", error.getString());
   } catch (const XQException& error) {
@@ -91,20 +86,16 @@ std::optional<Failure> failureOf(const std::function<void()>& action) {
   } catch (const xercesc::OutOfMemoryException& error) {
     return xmlFailure("OutOfMemoryException", error.getMessage());
   } catch (const std::exception& error) {
-    return Failure{unqualifiedName(typeid(error)), std::nullopt, Utils::stringToWstring(error.what()), std::nullopt};
+    return Failure{unqualifiedName(typeid(error)), std::nullopt, Utils::stringToWstring(error.what()), {}};
   }
 }
 
 std::string failureLine(const std::string& file, const Failure& failure) {
   std::string message = narrow(failure.message);
-  std::string place = file;
-  if (failure.place) {
-    place = narrow(failure.place->path) + ':' + std::to_string(failure.place->line) + ':' +
-            std::to_string(failure.place->column);
-  } else if (const std::string_view found = placeOf(message, file, failure); !found.empty()) {
-    place = found;
-    message.erase(0, place.size() + 2);
-  }
+  std::string place(failure.place.isKnown() ? narrow(failure.place.toString()) : placeOf(message, failure));
+  if (place.empty()) place = file;
+  // Messages of the parser name the place themselves.
+  if (message.compare(0, place.size() + 2, place + ": ") == 0) message.erase(0, place.size() + 2);
   return place + ": error: " + message + " [" + failure.className + ']';
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <Templates/Containers.h>
+#include <Utils/SourceLocation.h>
 
 #include <functional>
 #include <optional>
@@ -8,19 +9,12 @@
 
 namespace MXF::Tessel::Tool {
 
-/// A place in a document.
-struct Place {
-  Templates::WideString path;
-  unsigned long line;
-  unsigned long column;
-};
-
 /// Why a file could not be loaded.
 struct Failure {
   std::string className;          ///< Class of the exception, without its namespace.
   std::optional<int> code;        ///< Number of the class; none for exceptions of the XML and standard libraries.
   Templates::WideString message;  ///< May have several lines.
-  std::optional<Place> place;     ///< Where the fault is, as far as that is known.
+  Utils::SourceLocation place;    ///< Where the fault is, if that is known.
 };
 
 /// Runs the action and gives its failure, or nothing when it returns. An exception of the XML libraries is named by the

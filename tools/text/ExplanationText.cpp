@@ -59,6 +59,10 @@ void appendNames(std::string& page, const PropertyMap& map) {
   appendFact(page, U"Namespace", propertyText(map, PropertyKeys::xmlNamespaceURI));
 }
 
+void appendOrigin(std::string& page, const PropertyMap& map) {
+  appendFact(page, U"Declared at", printable(map.origin().toString()));
+}
+
 std::u32string tagText(const MetaAttribute& attribute) {
   return attribute.localTag() == nullptr ? U"-" : printable(attribute.localTag()->toString(textForm));
 }
@@ -114,6 +118,7 @@ void appendElement(std::string& page, const DictionaryIndex& index, const MetaEl
   appendNames(page, element);
   appendFact(page, U"Length", withoutExtraBlanks(propertyText(element, PropertyKeys::lengthDescription)));
   appendFact(page, U"Documentation", withoutExtraBlanks(propertyText(element, PropertyKeys::documentation)));
+  appendOrigin(page, element);
   appendTargets(page, index, element);
   appendUses(page, index, element);
 }
@@ -178,6 +183,7 @@ void appendSet(std::string& page, const DictionaryIndex& index, const MetaMetada
   appendFact(page, U"Base of", namesOf(index.derivedFrom(set)));
   appendNames(page, set);
   appendFact(page, U"Documentation", withoutExtraBlanks(propertyText(set, PropertyKeys::documentation)));
+  appendOrigin(page, set);
   appendAttributes(page, index, set, true);
   if (index.inheritedAttributes(set) > 0) appendAttributes(page, index, set, false);
   appendReferences(page, index, set);
