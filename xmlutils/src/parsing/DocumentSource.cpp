@@ -36,6 +36,7 @@ class ContentStream : public xercesc::BinInputStream {
 }  // namespace
 
 xercesc::BinInputStream* DocumentSource::makeStream() const {
+  if (parser_ != nullptr) parser_->beginDocument();
   return new ContentStream(content_, parser_);
 }
 

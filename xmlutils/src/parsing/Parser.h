@@ -53,7 +53,9 @@ class Parser : public xercesc::DOMLSParserImpl {
   void doctypePI(const XMLCh* target, const XMLCh* data) override;
   void doctypeWhitespace(const XMLCh* characters, XMLSize_t length) override;
 
-  /// Told by the source of the document, as it is read.
+  /// Told by the source of the document: that it is about to be read, which the parser itself reports only after the
+  /// first bytes, and how much of it is.
+  void beginDocument() { budget_ = DocumentBudget(); }
   void countRead(std::size_t bytes) { check(budget_.read(bytes)); }
 
  protected:
