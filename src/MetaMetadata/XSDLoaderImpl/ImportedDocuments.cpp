@@ -8,6 +8,12 @@ namespace MXF::Tessel::MetaMetadata::Loading {
 
 using Templates::WideString;
 
+namespace {
+
+const ImportedDocuments::Documents noDocuments;
+
+}  // namespace
+
 void ImportedDocuments::add(const WideString& path, const ImportedDocument& imported) {
   byNamespace_[attributeOf(*imported.document->getDocumentElement(), u"targetNamespace")].push_back(imported.document);
   byPath_.emplace(path, imported);
@@ -19,11 +25,10 @@ const ImportedDocument* ImportedDocuments::find(const WideString& path) const {
 }
 
 const ImportedDocuments::Documents& ImportedDocuments::ofNamespace(const WideString& namespaceUri) const {
-  static const Documents none;
   const auto nameless = byNamespace_.find(WideString());
   if (nameless != byNamespace_.end()) targetNamespaceOf(*nameless->second.front());  // fails
   const auto entry = byNamespace_.find(namespaceUri);
-  return entry == byNamespace_.end() ? none : entry->second;
+  return entry == byNamespace_.end() ? noDocuments : entry->second;
 }
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

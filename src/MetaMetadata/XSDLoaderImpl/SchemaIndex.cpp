@@ -16,6 +16,8 @@ using xercesc::DOMElement;
 
 namespace {
 
+const SchemaIndex::Locations noLocations;
+
 bool isNamed(const DOMElement& element, const XMLCh* namespaceUri, const XMLCh* localName) {
   return xercesc::XMLString::equals(element.getLocalName(), localName) &&
          xercesc::XMLString::equals(element.getNamespaceURI(), namespaceUri);
@@ -69,9 +71,8 @@ DOMElement* SchemaIndex::elementOfType(const WideString& type) const {
 }
 
 const SchemaIndex::Locations& SchemaIndex::importLocations(const WideString& namespaceUri) const {
-  static const Locations none;
   const auto entry = locationsByNamespace_.find(asInQuery(namespaceUri));
-  return entry == locationsByNamespace_.end() ? none : entry->second;
+  return entry == locationsByNamespace_.end() ? noLocations : entry->second;
 }
 
 const SchemaIndex* SchemaIndexes::find(const DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver) {
