@@ -18,7 +18,9 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <ostream>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 namespace MXF::Tessel::Test {
@@ -91,6 +93,10 @@ struct Lifetime {
   const char* words;
   const char* wordsAtExit = "";
 };
+
+void PrintTo(const Lifetime& row, std::ostream* out) {
+  *out << row.words << " | " << row.wordsAtExit;
+}
 
 class Lifetimes : public testing::TestWithParam<Lifetime> {};
 

@@ -3,7 +3,9 @@
 #include "xpath/XPathImplementation.h"
 
 #include <XMLUtils/Initializer.h>
+#include <XMLUtils/Released.h>
 
+#include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMImplementationRegistry.hpp>
 #include <xercesc/validators/datatype/DatatypeValidatorFactory.hpp>
 #include <xqilla/items/AnyAtomicType.hpp>
@@ -28,6 +30,12 @@ void initializeXQilla() {
   xercesc::DOMImplementationRegistry::addSource(xercesc::DOMImplementationImpl::getDOMImplementationImpl());
 }
 
+/// Xerces-C fills the table of which node may be whose child when a node is first put into another one, without a lock; two
+/// first parsers on two threads would meet there.
+void fillTableOfChildren(xercesc::DOMImplementation& implementation) {
+  const Released<xercesc::DOMDocument> document(implementation.createDocument(nullptr, u"any", nullptr));
+}
+
 }  // namespace
 
 Initializer& Initializer::instance() {
@@ -38,6 +46,7 @@ Initializer& Initializer::instance() {
 Initializer::Initializer() {
   initializeXQilla();
   implementation_ = std::make_unique<XPath::XPathImplementation>();  // takes its memory from Xerces-C
+  fillTableOfChildren(*implementation_);
 }
 
 }  // namespace MXF::Tessel::XMLUtils

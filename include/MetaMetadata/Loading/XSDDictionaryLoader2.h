@@ -31,7 +31,14 @@ class XSDDictionaryLoader2Impl;
 /// Exceptions::ParseError "Unknown error in Xerces or XQilla".
 ///
 /// Threads: one loader, and the dictionary it fills, are used by one thread at a time. Loaders share nothing that
-/// changes after start-up, so different threads may use different loaders at the same time.
+/// changes, so any number of threads may at the same time make, use and destroy loaders of their own, also on the same
+/// files. A dictionary that is complete may be read by any number of threads at once (Dictionary.h).
+///
+/// Process: the first loader makes Xerces-C and XQilla ready, and they stay so until the end of the process, whatever a
+/// host that uses them too initialises and terminates itself, and when; only while the first loader is made, no other
+/// thread does so, since these libraries count without a lock. Loaders may be kept by static objects. The shared object
+/// may be unloaded when no loader and no dictionary that one has filled is left; the XML libraries then stay in the
+/// process, ready for the next time.
 class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
  public:
   /// A loader of the URN flavour, all options off.

@@ -48,7 +48,10 @@ class TESSELMXF_MODEL_API MetaElementRegistry {
 
 /// An MXF meta-dictionary: elements by label, sets by key, and the local tags of elements.
 ///
-/// Not synchronised: one thread changes a dictionary; once nobody does, any number of threads may read it at once.
+/// Threads: one thread changes a dictionary; while nobody does, any number of threads may read it at once. Reading is every
+/// operation that is const, here and on the elements, sets, attributes and values, visitors and iterators of a thread's own,
+/// and copying a set, whose copies may be destroyed on any thread. What other threads changed before must have reached the
+/// readers, as by joining the loading thread or by a lock.
 class TESSELMXF_MODEL_API Dictionary : public MetaMetadataSetRegistry, public MetaElementRegistry {
  public:
   using MetaElementIterator = Templates::_Rb_tree_iterator<Templates::pair<const Types::UniversalLabel, MetaElement*>>;

@@ -16,6 +16,8 @@ namespace MXF::Tessel::XMLUtils {
 /// A document that exceeds one of the limits on size, nesting, attributes, names, entities and document types
 /// (SECURITY.md lists them) is treated like one that is not well-formed.
 ///
+/// Threads: any number of threads may load at once, each with a parser of its own, also the same file.
+///
 /// @param path    any path of the file system, in UTF-16 code units; the file is opened by its UTF-8 form.
 /// @param parser  a parser of Initializer::domImplementation(); its settings are made here. It owns the document.
 /// @return the document, or null when the file cannot be opened or is no regular file, such as a directory or a pipe.
