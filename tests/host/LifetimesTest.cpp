@@ -9,13 +9,14 @@
 #include <gtest/gtest.h>
 #include <xercesc/dom/DOMXPathExpression.hpp>
 #include <xercesc/dom/DOMXPathResult.hpp>
+#include <xercesc/framework/MemoryManager.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xqilla/utils/XQillaPlatformUtils.hpp>
 
-#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <functional>
+#include <iostream>
 #include <map>
 #include <memory>
 #include <ostream>
@@ -55,8 +56,21 @@ XSDDictionaryLoader2& staticLoader() {
   return loader;
 }
 
+/// A host's own memory manager, which lives as long as Xerces-C uses it.
+class HostMemory final : public xercesc::MemoryManager {
+ public:
+  static HostMemory& instance() {
+    static HostMemory& memory = *new HostMemory;
+    return memory;
+  }
+  xercesc::MemoryManager* getExceptionMemoryManager() override { return this; }
+  void* allocate(XMLSize_t size) override { return ::operator new(size); }
+  void deallocate(void* block) override { ::operator delete(block); }
+};
+
 const std::map<std::string, std::function<void()>> steps = {
     {"initialize", [] { XMLPlatformUtils::Initialize(); }},
+    {"initializeOwnMemory", [] { XMLPlatformUtils::Initialize("en_US", nullptr, nullptr, &HostMemory::instance()); }},
     {"terminate", [] { XMLPlatformUtils::Terminate(); }},
     {"parse", useXercesAsHost},
     {"initializeXQilla", [] { XQillaPlatformUtils::initialize(); }},
@@ -75,7 +89,7 @@ void run(const std::string& words) {
     try {
       steps.at(word)();
     } catch (...) {
-      std::fprintf(stderr, "fails: %s\n", word.c_str());
+      std::cerr << "fails: " << word << '\n';
       std::_Exit(1);
     }
   }
@@ -123,6 +137,7 @@ const Lifetime lifetimes[] = {
     {"HostTerminatesAtExit", "initialize load", "parse terminate"},
     {"HostInitialisesLateAndTerminatesAtExit", "load initialize", "parse terminate"},
     {"HostLivesAtExitOnly", "load", "initialize parse terminate"},
+    {"HostsMemoryManager", "initializeOwnMemory parse load terminate load", "load"},
     {"LoaderOutlivesMain", "loadStatic"},
     {"LoaderOutlivesMainAndHost", "initialize loadStatic keep loadKept terminate"},
     {"LoaderOutlivesMainAndHostAtExit", "initialize keep loadKept loadStatic", "parse terminate loadKept"},

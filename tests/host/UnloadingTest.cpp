@@ -47,7 +47,8 @@ struct Resources {
   static Resources now() {
     Resources resources;
     std::ifstream maps("/proc/self/maps");
-    for (std::string line; std::getline(maps, line);) resources.mappings += line.find(".so") != std::string::npos;
+    for (std::string line; std::getline(maps, line);)
+      resources.mappings += line.find(".so") == std::string::npos ? 0 : 1;
     resources.descriptors = entries("/proc/self/fd");
     resources.threads = entries("/proc/self/task");
     resources.bytesInUse = mallinfo2().uordblks;
@@ -66,7 +67,7 @@ TEST(Unloading, HundredRoundsLeakNothing) {
   const Resources after = Resources::now();
   // The smallest block takes 32 bytes; less than half of it is lost in each round. Not none, since freed blocks that the
   // allocator sets aside for the thread count as in use.
-  EXPECT_LT(after.bytesInUse, before.bytesInUse + 16 * (rounds - firstRounds));
+  EXPECT_LT(after.bytesInUse, before.bytesInUse + 16UL * (rounds - firstRounds));
   EXPECT_LE(after.descriptors, before.descriptors);
   EXPECT_LE(after.threads, before.threads);
   EXPECT_LE(after.mappings, before.mappings);

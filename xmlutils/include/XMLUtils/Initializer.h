@@ -10,8 +10,8 @@ namespace MXF::Tessel::XMLUtils {
 
 /// Makes Xerces-C and XQilla ready, once and until the end of the process: they are never terminated from here, and the
 /// shared object stays in the process when it is unloaded (RTLD_NODELETE). A parser, a document or a loader may thus be
-/// kept by any static object, and threads may still be loading when the process ends; XQilla, which leaves objects of its
-/// own in the tables of Xerces-C, is there as long as they are. What is kept is reachable, so no checker calls it lost.
+/// kept by any static object, and XQilla, which leaves objects of its own in the tables of Xerces-C, is there as long as
+/// they are. All that is kept is reachable, so no checker calls it lost.
 ///
 /// Beside a host that uses Xerces-C or XQilla itself this is one more count on their initialisation counters. The host
 /// initialises and terminates them as often as it likes, before, between and after: they stay ready, and go on with the
