@@ -1,0 +1,14 @@
+#pragma once
+
+#include <Templates/Containers.h>
+#include <Types/BaseType.h>
+
+#include <optional>
+
+namespace MXF::Tessel::Fuzz {
+
+/// A text from which a value of the same type is read that equals the given one. Nothing for a collection with an item
+/// whose text holds a comma, which no item of a list can.
+std::optional<Templates::WideString> textOf(const Types::BaseType& value);
+
+}  // namespace MXF::Tessel::Fuzz
