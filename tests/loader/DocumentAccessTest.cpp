@@ -69,6 +69,7 @@ TEST(DocumentAccess, MalformedContentIsReportedByPathLineAndColumn) {
       {"<a>&none;</a>", "1:10", "entity 'none' not found"},
       {"<!DOCTYPE a [<!ENTITY e '&e;'>]><a>&e;</a>", "1:39", "recursive entity expansion 'e'"},
       {"<?xml version='1.0' encoding='none'?><a/>", "1:38", "unable to create converter for 'NONE' encoding"},
+      {"<?xml version='1.2'?><a/>", "1:22", "unsupported XML version '1.2'"},
       {"<a>\xC3(</a>", "1:1", "invalid byte '(' at position 2 of a 2-byte sequence"},
   };
   for (const auto& [content, place, text] : cases) {

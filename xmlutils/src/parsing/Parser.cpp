@@ -6,6 +6,7 @@
 #include <XMLUtils/UnicodeString.h>
 
 #include <xercesc/dom/DOMElement.hpp>
+#include <xercesc/dom/DOMException.hpp>
 #include <xercesc/dom/impl/DOMElementImpl.hpp>
 #include <xercesc/dom/impl/DOMTextImpl.hpp>
 #include <xercesc/framework/XMLAttr.hpp>
@@ -14,6 +15,8 @@
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 #include <xercesc/validators/DTD/DTDEntityDecl.hpp>
+
+#include <string>
 
 namespace MXF::Tessel::XMLUtils {
 
@@ -68,8 +71,14 @@ void Parser::startDocument() {
   notePosition();
 }
 
-void Parser::XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone, const XMLCh* autoEncoding) {
-  DOMLSParserImpl::XMLDecl(version, encoding, standalone, autoEncoding);
+void Parser::XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone,
+                     const XMLCh* actualEncoding) {
+  try {
+    DOMLSParserImpl::XMLDecl(version, encoding, standalone, actualEncoding);
+  } catch (const xercesc::DOMException&) {
+    std::u16string message(u"unsupported XML version '");  // what the scanner says of 2.0
+    stop(message.append(version).append(u"'").c_str());
+  }
   notePosition();
 }
 
@@ -196,12 +205,14 @@ void Parser::notePosition() {
 }
 
 void Parser::check(const Limit* exceeded) {
-  if (exceeded == nullptr) return;
+  if (exceeded != nullptr) stop(UnicodeString(messageOf(*exceeded).c_str()).utf16());
+}
+
+void Parser::stop(const XMLCh* message) {
   const xercesc::Locator& where = *fScanner->getLocator();
   constexpr auto code = xercesc::XMLErrs::XMLException_Fatal;
-  error(code, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal,
-        UnicodeString(messageOf(*exceeded).c_str()).utf16(), where.getSystemId(), where.getPublicId(),
-        where.getLineNumber(), where.getColumnNumber());
+  error(code, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal, message, where.getSystemId(),
+        where.getPublicId(), where.getLineNumber(), where.getColumnNumber());
   throw code;  // also where a handler wants to go on
 }
 

@@ -25,8 +25,9 @@ class Parser : public xercesc::DOMLSParserImpl {
   Parser& operator=(const Parser&) = delete;
 
   void startDocument() override;
+  /// Refuses a version of XML that the document does not know: the scanner takes 1.2, say, for 1.0.
   void XMLDecl(const XMLCh* version, const XMLCh* encoding, const XMLCh* standalone,
-               const XMLCh* autoEncoding) override;
+               const XMLCh* actualEncoding) override;
   void startElement(const xercesc::XMLElementDecl& declaration, unsigned int namespaceId, const XMLCh* prefix,
                     const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, XMLSize_t attributeCount, bool isEmpty,
                     bool isRoot) override;
@@ -76,6 +77,8 @@ class Parser : public xercesc::DOMLSParserImpl {
 
   /// Stops the parser if the document has exceeded a limit.
   void check(const Limit* exceeded);
+  /// Reports a fatal error at the present place and stops the parser.
+  [[noreturn]] void stop(const XMLCh* message);
 
   /// What follows begins here: called at the end of every event, since the parser reports an element only when it has
   /// read the whole start tag.
