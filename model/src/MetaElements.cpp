@@ -48,6 +48,9 @@ MetaReferenceHolder& MetaReferenceHolder::operator=(const MetaReferenceHolder& o
 void MetaReferenceHolder::addAllowedMetadataSet(KLV::Key key) {
   allowedSets_.push_back(key);
 }
+void MetaReferenceHolder::reserveAllowedMetadataSets(std::size_t additional) {
+  allowedSets_.reserve(allowedSets_.size() + additional);
+}
 
 // Elements. Assignment leaves what construction fixed, so all of it goes down to the properties and the allowed sets;
 // the default would assign the fixed members too. NOLINTBEGIN(modernize-use-equals-default)

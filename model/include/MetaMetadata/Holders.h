@@ -4,6 +4,8 @@
 #include <Platform/Export.h>
 #include <Templates/Containers.h>
 
+#include <cstddef>
+
 namespace MXF::Tessel::MetaMetadata {
 
 /// Facet of the elements that hold values of their own.
@@ -29,7 +31,11 @@ class TESSELMXF_MODEL_API MetaReferenceHolder {
   virtual MetaReferenceHolder& operator=(const MetaReferenceHolder& other);
 
   /// Adds a key at the end; a key that is already there is added again.
+  /// Cannot fail where reserveAllowedMetadataSets() has made room.
   void addAllowedMetadataSet(KLV::Key key);
+  /// Makes room for so many more keys.
+  /// @throws std::bad_alloc  the holder is unchanged.
+  void reserveAllowedMetadataSets(std::size_t additional);
   /// Keys of the sets that the reference may point at, in the order added. Empty: none is known.
   const Keys& allowedMetadataSets() const { return allowedSets_; }
 

@@ -23,6 +23,7 @@ class TESSELMXF_MODEL_API PropertyMap {
   virtual ~PropertyMap();
 
   /// Stores a copy of both texts, which are not null; a key that is already present gets the new value.
+  /// @throws std::bad_alloc  the properties are unchanged.
   virtual void addProperty(const wchar_t* key, const wchar_t* value);
   /// @return the stored value, valid until that property is set again or the map is assigned to or destroyed.
   /// @throws Exceptions::NotFound  there is no such key: "Property not found: " and the key.

@@ -37,16 +37,20 @@ void DictionaryMetaElementVisitor::visit(MetaReferenceElement& element) {
 
 void DictionaryMetaElementVisitor::resolve(PropertyMap& properties, MetaReferenceHolder& holder) const {
   PendingSetReferences references = parsePendingReferences(pendingText(properties));
+  MetaReferenceHolder::Keys resolved;
   for (auto reference = references.begin(); reference != references.end();) {
     const auto group = groupKeysByName_->find(reference->first);
     if (group != groupKeysByName_->end() && reference->second == namespaceUri_) {
-      holder.addAllowedMetadataSet(*group->second);
+      resolved.push_back(*group->second);
       reference = references.erase(reference);
     } else {
       ++reference;
     }
   }
+  // All of the element changes or nothing: a reference that is resolved and still pending would be resolved again.
+  holder.reserveAllowedMetadataSets(resolved.size());
   properties.addProperty(PropertyKeys::unresolvedSetReferences, formatPendingReferences(references).c_str());
+  for (const KLV::Key& key : resolved) holder.addAllowedMetadataSet(key);
 }
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading::XSDLoaderUtils
