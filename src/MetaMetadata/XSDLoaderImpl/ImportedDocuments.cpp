@@ -15,8 +15,10 @@ const ImportedDocuments::Documents noDocuments;
 }  // namespace
 
 void ImportedDocuments::add(const WideString& path, const ImportedDocument& imported) {
-  byNamespace_[attributeOf(*imported.document->getDocumentElement(), u"targetNamespace")].push_back(imported.document);
+  Documents& documents = byNamespace_[attributeOf(*imported.document->getDocumentElement(), u"targetNamespace")];
+  if (documents.size() == documents.capacity()) documents.reserve(2 * documents.size() + 1);
   byPath_.emplace(path, imported);
+  documents.push_back(imported.document);  // cannot fail: a document is known by path and by namespace, or not at all
 }
 
 const ImportedDocument* ImportedDocuments::find(const WideString& path) const {
@@ -26,7 +28,8 @@ const ImportedDocument* ImportedDocuments::find(const WideString& path) const {
 
 const ImportedDocuments::Documents& ImportedDocuments::ofNamespace(const WideString& namespaceUri) const {
   const auto nameless = byNamespace_.find(WideString());
-  if (nameless != byNamespace_.end()) targetNamespaceOf(*nameless->second.front());  // fails
+  if (nameless != byNamespace_.end() && !nameless->second.empty())
+    targetNamespaceOf(*nameless->second.front());  // fails
   const auto entry = byNamespace_.find(namespaceUri);
   return entry == byNamespace_.end() ? noDocuments : entry->second;
 }
