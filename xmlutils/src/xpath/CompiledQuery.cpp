@@ -4,20 +4,21 @@
 #include "ErrorTranslation.h"
 #include "QueryResult.h"
 
+#include <xqilla/context/impl/XQDynamicContextImpl.hpp>
 #include <xqilla/simple-api/XQilla.hpp>
 
 #include <utility>
 
 namespace MXF::Tessel::XMLUtils::XPath {
 
-CompiledQuery::CompiledQuery(std::shared_ptr<DynamicContext> staticContext, std::u16string_view text,
-                             const xercesc::DOMXPathNSResolver& resolver, Modules modules)
-    : staticContext_(std::move(staticContext)), text_(text), bindings_(resolver) {
+CompiledQuery::CompiledQuery(std::shared_ptr<DynamicContext> staticContext, OwnedMemory& memory,
+                             std::u16string_view text, const xercesc::DOMXPathNSResolver& resolver, Modules modules)
+    : staticContext_(std::move(staticContext)), memory_(memory), text_(text), bindings_(resolver) {
   staticContext_->setNSResolver(&bindings_);
   staticContext_->setDefaultElementAndTypeNS(bindings_.lookupNamespaceURI(u""));
   const unsigned int flags = XQilla::NO_ADOPT_CONTEXT | (modules == Modules::None ? XQilla::NO_DEFAULT_MODULES : 0);
-  translatingErrors([&] {
-    query_.reset(XQilla::parse(text_.c_str(), staticContext_.get(), nullptr, flags));
+  translatingErrors(memory_, [&] {
+    query_.reset(XQilla::parse(text_.c_str(), staticContext_.get(), nullptr, flags, &memory_));
     compareAttributesAsText(*query_);
   });
   bindings_.stopRecording();
@@ -48,10 +49,14 @@ void CompiledQuery::giveBack(QueryResult& result) noexcept {
   idle_.push_back(&result);
 }
 
-std::unique_ptr<DynamicContext> CompiledQuery::createContext() const {
+std::unique_ptr<DynamicContext> CompiledQuery::createContext(VarStoreImpl& variables) const {
   // The shared context may have compiled other queries since, under other bindings.
   staticContext_->setNSResolver(&bindings_);
-  return std::unique_ptr<DynamicContext>(query_->createDynamicContext());
+  return translatingErrors(memory_, [&] {
+    // Not by the query itself: a context that fails to be made loses the variables that it makes for itself.
+    return std::unique_ptr<DynamicContext>(new (&memory_) XQDynamicContextImpl(
+        staticContext_->getConfiguration(), staticContext_.get(), &variables, &memory_));
+  });
 }
 
 }  // namespace MXF::Tessel::XMLUtils::XPath

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "../OwnedMemory.h"
 #include "NamespaceBindings.h"
 
 #include <xercesc/dom/DOMXPathNSResolver.hpp>
 #include <xqilla/context/DynamicContext.hpp>
+#include <xqilla/context/impl/VarStoreImpl.hpp>
 #include <xqilla/simple-api/XQQuery.hpp>
 
 #include <memory>
@@ -24,9 +26,10 @@ class CompiledQuery {
   enum class Modules { None, Default };
 
   /// @param staticContext  may be shared with other queries; outlives this one through the pointer.
+  /// @param memory         what the static context was made with; outlived by it.
   /// @param resolver       asked for the prefixes while compiling.
   /// @throws XQillaException  the text is no query, or uses a prefix that the resolver does not bind.
-  CompiledQuery(std::shared_ptr<DynamicContext> staticContext, std::u16string_view text,
+  CompiledQuery(std::shared_ptr<DynamicContext> staticContext, OwnedMemory& memory, std::u16string_view text,
                 const xercesc::DOMXPathNSResolver& resolver, Modules modules);
   CompiledQuery(const CompiledQuery&) = delete;
   CompiledQuery& operator=(const CompiledQuery&) = delete;
@@ -42,10 +45,14 @@ class CompiledQuery {
   void giveBack(QueryResult& result) noexcept;
 
   const XQQuery& query() const { return *query_; }
-  std::unique_ptr<DynamicContext> createContext() const;
+  const OwnedMemory& memory() const { return memory_; }
+  /// @param variables  outlives the context.
+  std::unique_ptr<DynamicContext> createContext(VarStoreImpl& variables) const;
+  XPath2MemoryManager& contextMemory() const { return *staticContext_->getMemoryManager(); }
 
  private:
   std::shared_ptr<DynamicContext> staticContext_;
+  OwnedMemory& memory_;
   std::u16string text_;
   RecordedBindings bindings_;
   std::unique_ptr<XQQuery> query_;

@@ -1,5 +1,7 @@
 #include "QueryCache.h"
 
+#include "ErrorTranslation.h"
+
 #include <xqilla/exceptions/XQillaException.hpp>
 #include <xqilla/functions/XQillaFunction.hpp>
 #include <xqilla/simple-api/XQilla.hpp>
@@ -23,9 +25,10 @@ QueryCache::QueryCache() {
 }
 
 std::shared_ptr<DynamicContext> QueryCache::newContext() const {
-  const auto configuration = configuration_;
-  return {XQilla::createContext(XQilla::XPATH2, configuration.get()),
-          [configuration](DynamicContext* context) { delete context; }};
+  const auto engine = engine_;
+  DynamicContext* context = translatingErrors(
+      engine->memory, [&] { return XQilla::createContext(XQilla::XPATH2, &engine->configuration, &engine->memory); });
+  return {context, [engine](DynamicContext* unused) { delete unused; }};
 }
 
 std::shared_ptr<CompiledQuery> QueryCache::compile(std::u16string_view text,
@@ -35,11 +38,13 @@ std::shared_ptr<CompiledQuery> QueryCache::compile(std::u16string_view text,
   const std::shared_ptr<DynamicContext> context =
       sharedContext_ ? std::exchange(sharedContext_, nullptr) : newContext();
   try {
-    auto query = std::make_shared<CompiledQuery>(context, text, resolver, CompiledQuery::Modules::None);
+    auto query =
+        std::make_shared<CompiledQuery>(context, engine_->memory, text, resolver, CompiledQuery::Modules::None);
     sharedContext_ = context;
     return query;
   } catch (const XQillaException&) {
-    return std::make_shared<CompiledQuery>(newContext(), text, resolver, CompiledQuery::Modules::Default);
+    return std::make_shared<CompiledQuery>(newContext(), engine_->memory, text, resolver,
+                                           CompiledQuery::Modules::Default);
   }
 }
 
@@ -48,7 +53,15 @@ std::size_t QueryCache::stampOf(const xercesc::DOMXPathNSResolver& resolver) con
   return bindings != nullptr && bindings->isStampedBy(clock_) ? bindings->stamp() : 0;
 }
 
+void QueryCache::forgetAll() {
+  auto engine = std::make_shared<QueryEngine>();
+  queries_.clear();
+  sharedContext_.reset();
+  engine_ = std::move(engine);
+}
+
 std::shared_ptr<CompiledQuery> QueryCache::query(const XMLCh* text, const xercesc::DOMXPathNSResolver* resolver) {
+  if (engine_->memory.hasRunOut()) forgetAll();
   const xercesc::DOMXPathNSResolver& bindings = resolver == nullptr ? noResolver_ : *resolver;
   const std::u16string_view textView(text);
   const std::size_t hash = std::hash<std::u16string_view>()(textView);
@@ -57,10 +70,7 @@ std::shared_ptr<CompiledQuery> QueryCache::query(const XMLCh* text, const xerces
   for (auto entry = first; entry != last; ++entry) {
     if (entry->second->isFor(textView, bindings, stamp)) return entry->second;
   }
-  if (queries_.size() >= mostQueries) {
-    queries_.clear();
-    sharedContext_.reset();
-  }
+  if (queries_.size() >= mostQueries) forgetAll();
   std::shared_ptr<CompiledQuery> query = compile(textView, bindings);
   queries_.emplace(hash, query);
   return query;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "CompiledQuery.h"
+#include "QueryEngine.h"
 
 #include <xercesc/dom/DOMXPathNSResolver.hpp>
-#include <xqilla/xerces/XercesConfiguration.hpp>
 
 #include <memory>
 #include <string_view>
@@ -29,10 +29,11 @@ class QueryCache {
  private:
   std::shared_ptr<CompiledQuery> compile(std::u16string_view text, const xercesc::DOMXPathNSResolver& resolver);
   std::shared_ptr<DynamicContext> newContext() const;
+  void forgetAll();
   std::size_t stampOf(const xercesc::DOMXPathNSResolver& resolver) const;
 
-  // Outlives the contexts, which refer to it: queries in use keep their context, and it keeps this.
-  std::shared_ptr<XercesConfiguration> configuration_ = std::make_shared<XercesConfiguration>();
+  // Outlives the contexts: queries in use keep their context, and it keeps this.
+  std::shared_ptr<QueryEngine> engine_ = std::make_shared<QueryEngine>();
   std::shared_ptr<DynamicContext> sharedContext_;
   std::unordered_multimap<std::size_t, std::shared_ptr<CompiledQuery>> queries_;  // by hash of the text
   std::size_t clock_ = 0;

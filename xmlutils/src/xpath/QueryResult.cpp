@@ -33,7 +33,8 @@ namespace {
 
 }  // namespace
 
-QueryResult::QueryResult(CompiledQuery& query) : query_(query), context_(query.createContext()), items_(nullptr) {}
+QueryResult::QueryResult(CompiledQuery& query)
+    : query_(query), variables_(&query.contextMemory()), context_(query.createContext(variables_)), items_(nullptr) {}
 
 QueryResult::~QueryResult() {
   clear();
@@ -46,7 +47,7 @@ void QueryResult::evaluate(const DOMNode* contextNode, ResultType type, std::sha
   type_ = type;
   if (type == ITERATOR_RESULT_TYPE) changes_ = DocumentChanges(contextNode);
   try {
-    translatingErrors([&] { start(contextNode); });
+    translatingErrors(query_.memory(), [&] { start(contextNode); });
   } catch (...) {
     clear();
     throw;
@@ -93,19 +94,21 @@ DOMNode* QueryResult::getNodeValue() const {
 
 const XMLCh* QueryResult::getStringValue() const {
   const Item& item = currentItem();
-  return translatingErrors([&] {
+  return translatingErrors(query_.memory(), [&] {
     return item.isNode() ? static_cast<const Node&>(item).dmStringValue(context_.get()) : item.asString(context_.get());
   });
 }
 
 double QueryResult::getNumberValue() const {
   currentItem();
-  return translatingErrors([this] { return FunctionNumber::number(current_, context_.get(), nullptr)->asDouble(); });
+  return translatingErrors(query_.memory(),
+                           [this] { return FunctionNumber::number(current_, context_.get(), nullptr)->asDouble(); });
 }
 
 int QueryResult::getIntegerValue() const {
   currentItem();
-  return translatingErrors([this] { return FunctionNumber::number(current_, context_.get(), nullptr)->asInt(); });
+  return translatingErrors(query_.memory(),
+                           [this] { return FunctionNumber::number(current_, context_.get(), nullptr)->asInt(); });
 }
 
 bool QueryResult::getBooleanValue() const {
@@ -132,7 +135,7 @@ bool QueryResult::iterateNext() {
   if (getInvalidIteratorState()) {
     throw XQillaException(DOMException::INVALID_STATE_ERR, u"Document has changed");
   }
-  translatingErrors([this] { current_ = items_->next(context_.get()); });
+  translatingErrors(query_.memory(), [this] { current_ = items_->next(context_.get()); });
   if (current_.isNull()) items_ = nullptr;
   return current_.notNull();
 }

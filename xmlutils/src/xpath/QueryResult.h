@@ -5,6 +5,7 @@
 #include <xercesc/dom/DOMNode.hpp>
 #include <xercesc/dom/DOMXPathResult.hpp>
 #include <xqilla/context/DynamicContext.hpp>
+#include <xqilla/context/impl/VarStoreImpl.hpp>
 #include <xqilla/items/Item.hpp>
 #include <xqilla/runtime/Result.hpp>
 
@@ -48,6 +49,7 @@ class QueryResult : public xercesc::DOMXPathResult {
   const Item& currentItem() const;
 
   CompiledQuery& query_;
+  VarStoreImpl variables_;
   std::unique_ptr<DynamicContext> context_;
   ResultType type_ = FIRST_RESULT_TYPE;
   Result items_;
