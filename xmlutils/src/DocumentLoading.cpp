@@ -18,10 +18,12 @@
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/framework/Wrapper4InputSource.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include <memory>
+#include <new>
 #include <optional>
 
 namespace MXF::Tessel::XMLUtils {
@@ -35,14 +37,19 @@ class FirstError : public xercesc::DOMErrorHandler {
  public:
   bool handleError(const xercesc::DOMError& error) override {
     if (error.getSeverity() == xercesc::DOMError::DOM_SEVERITY_WARNING) return true;
-    if (!error_) {
+    if (error_ || hasRunOut_) return false;
+    // The parser takes an exception of its error handler for permission to go on.
+    try {
       const xercesc::DOMLocator* where = error.getLocation();
       error_.emplace(Error{toWstring(error.getMessage()), where->getLineNumber(), where->getColumnNumber()});
+    } catch (const std::bad_alloc&) {
+      hasRunOut_ = true;
     }
     return false;
   }
 
   void throwIfAny(const wchar_t* path) const {
+    if (hasRunOut_) throw std::bad_alloc();
     if (!error_) return;
     const auto decimal = [](XMLFileLoc number) { return Utils::toDecimal(static_cast<long long>(number)); };
     const WideString text =
@@ -58,26 +65,36 @@ class FirstError : public xercesc::DOMErrorHandler {
     XMLFileLoc column;
   };
   std::optional<Error> error_;
+  bool hasRunOut_ = false;  // of memory for an error
 };
 
 /// Answers every request for an external DTD or entity with an empty one.
 class NothingOutside : public xercesc::DOMLSResourceResolver {
  public:
+  explicit NothingOutside(xercesc::MemoryManager& memory) : memory_(memory) {}
+
   xercesc::DOMLSInput* resolveResource(const XMLCh* /*resourceType*/, const XMLCh* /*namespaceUri*/,
                                        const XMLCh* /*publicId*/, const XMLCh* systemId,
                                        const XMLCh* /*baseURI*/) override {
     static constexpr XMLByte nothing = 0;
-    auto source = std::make_unique<xercesc::MemBufInputSource>(&nothing, XMLSize_t{0}, systemId);
-    auto input = std::make_unique<xercesc::Wrapper4InputSource>(source.get(), true);
+    using xercesc::MemBufInputSource;
+    using xercesc::Wrapper4InputSource;
+    std::unique_ptr<MemBufInputSource> source(new (&memory_)
+                                                  MemBufInputSource(&nothing, XMLSize_t{0}, systemId, false, &memory_));
+    std::unique_ptr<Wrapper4InputSource> input(new (&memory_) Wrapper4InputSource(source.get(), true, &memory_));
     static_cast<void>(source.release());  // adopted by the wrapper
     return input.release();               // adopted by the parser
   }
+
+ private:
+  xercesc::MemoryManager& memory_;
 };
 
 /// The parser's settings for one document. The handlers are taken off again at the end, since they live no longer.
 class ParserSettings {
  public:
-  explicit ParserSettings(xercesc::DOMLSParser& parser, FirstError& errors) : configuration_(*parser.getDomConfig()) {
+  explicit ParserSettings(xercesc::DOMLSParser& parser, xercesc::MemoryManager& memory, FirstError& errors)
+      : configuration_(*parser.getDomConfig()), nothingOutside_(memory) {
     using xercesc::XMLUni;
     for (const XMLCh* on : {XMLUni::fgDOMNamespaces, XMLUni::fgDOMNamespaceDeclarations, XMLUni::fgDOMComments,
                             XMLUni::fgDOMCDATASections, XMLUni::fgDOMElementContentWhitespace}) {
@@ -112,18 +129,22 @@ class ParserSettings {
 
 }  // namespace
 
-xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSParser& parser) {
+xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSParser& parser) try {
   const std::optional<FileContent> content = readFile(path);
   if (!content) return nullptr;
 
   FirstError errors;
-  const ParserSettings settings(parser, errors);
+  Parser* own = dynamic_cast<Parser*>(&parser);
+  const ParserSettings settings(parser, own == nullptr ? *xercesc::XMLPlatformUtils::fgMemoryManager : own->memory,
+                                errors);
   const UnicodeString systemId(path);
-  DocumentSource source(*content, systemId.utf16(), dynamic_cast<Parser*>(&parser));
+  DocumentSource source(*content, systemId.utf16(), own);
   const xercesc::Wrapper4InputSource input(&source, false);
   xercesc::DOMDocument* document = parser.parse(&input);
   errors.throwIfAny(path);
   return document;
+} catch (const xercesc::OutOfMemoryException&) {
+  throw std::bad_alloc();
 }
 
 }  // namespace MXF::Tessel::XMLUtils

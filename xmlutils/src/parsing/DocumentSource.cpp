@@ -37,7 +37,7 @@ class ContentStream : public xercesc::BinInputStream {
 
 xercesc::BinInputStream* DocumentSource::makeStream() const {
   if (parser_ != nullptr) parser_->beginDocument();
-  return new ContentStream(content_, parser_);
+  return new (getMemoryManager()) ContentStream(content_, parser_);
 }
 
 }  // namespace MXF::Tessel::XMLUtils

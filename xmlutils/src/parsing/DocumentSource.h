@@ -4,6 +4,7 @@
 #include "Parser.h"
 
 #include <xercesc/sax/InputSource.hpp>
+#include <xercesc/util/PlatformUtils.hpp>
 
 namespace MXF::Tessel::XMLUtils {
 
@@ -14,7 +15,9 @@ class DocumentSource : public xercesc::InputSource {
   /// @param systemId  copied.
   /// @param parser    null if it is not one of ours.
   DocumentSource(const FileContent& content, const XMLCh* systemId, Parser* parser)
-      : InputSource(systemId), content_(content), parser_(parser) {}
+      : InputSource(systemId, parser == nullptr ? xercesc::XMLPlatformUtils::fgMemoryManager : &parser->memory),
+        content_(content),
+        parser_(parser) {}
 
   xercesc::BinInputStream* makeStream() const override;
 

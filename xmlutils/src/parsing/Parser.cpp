@@ -54,10 +54,29 @@ void appendText(xercesc::DOMParentNode& parent, xercesc::DOMTextImpl& text) {
 
 }  // namespace
 
-Parser::Parser(XPath::XPathImplementation& implementation, xercesc::MemoryManager* manager,
+Parser::Parser(XPath::XPathImplementation& implementation, xercesc::MemoryManager& source,
                xercesc::XMLGrammarPool* grammarPool)
-    : DOMLSParserImpl(nullptr, manager, grammarPool), implementation_(implementation), namespaces_(*this, manager) {
+    : ParserMemory(source),
+      DOMLSParserImpl(nullptr, &memory, grammarPool),
+      implementation_(implementation),
+      namespaces_(*this, &memory) {
   fScanner->setURIStringPool(&namespaces_);
+}
+
+xercesc::DOMDocument* Parser::parse(const xercesc::DOMLSInput* input) {
+  // What the scanner keeps from file to file may be half-written.
+  if (memory.hasRunOut()) renewScanner();
+  return DOMLSParserImpl::parse(input);
+}
+
+void Parser::renewScanner() {
+  budget_ = DocumentBudget();
+  const bool loadsExternalDtd = getLoadExternalDTD();  // not among the settings that the new scanner takes over
+  useScanner(xercesc::XMLUni::fgIGXMLScanner);
+  setLoadExternalDTD(loadsExternalDtd);
+  namespaces_.flushAll();
+  fScanner->setURIStringPool(&namespaces_);
+  memory.forgetRunningOut();
 }
 
 void Parser::startDocument() {

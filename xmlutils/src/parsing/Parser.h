@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DocumentBudget.h"
+#include "OwnedMemory.h"
 #include "xpath/QueryCache.h"
 #include "xpath/XPathImplementation.h"
 
@@ -14,15 +15,27 @@
 
 namespace MXF::Tessel::XMLUtils {
 
+/// A parser's memory, made before the parser and freed after it.
+struct ParserMemory {
+  explicit ParserMemory(xercesc::MemoryManager& source) : memory(source) {}
+  OwnedMemory memory;
+};
+
 /// A parser that makes XPathDocuments and stops, as at text that is not well-formed, where a document exceeds a limit
 /// (DocumentLimits.h). Xerces-C could be told to take its documents from a registered implementation, but the
 /// registration is process-wide and outlives a library that is unloaded.
-class Parser : public xercesc::DOMLSParserImpl {
+class Parser : private ParserMemory, public xercesc::DOMLSParserImpl {
  public:
-  Parser(XPath::XPathImplementation& implementation, xercesc::MemoryManager* manager,
+  Parser(XPath::XPathImplementation& implementation, xercesc::MemoryManager& source,
          xercesc::XMLGrammarPool* grammarPool);
   Parser(const Parser&) = delete;
   Parser& operator=(const Parser&) = delete;
+
+  using DOMLSParserImpl::parse;
+  xercesc::DOMDocument* parse(const xercesc::DOMLSInput* input) override;
+
+  /// What all of the parser is made with, and what it reads from should be.
+  using ParserMemory::memory;
 
   void startDocument() override;
   /// Refuses a version of XML that the document does not know: the scanner takes 1.2, say, for 1.0.
@@ -75,6 +88,8 @@ class Parser : public xercesc::DOMLSParserImpl {
     Parser& parser_;
   };
 
+  /// Takes another scanner.
+  void renewScanner();
   /// Stops the parser if the document has exceeded a limit.
   void check(const Limit* exceeded);
   /// Reports a fatal error at the present place and stops the parser.

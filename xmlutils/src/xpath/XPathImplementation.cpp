@@ -5,6 +5,9 @@
 
 #include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/dom/DOMException.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
+
+#include <new>
 
 namespace MXF::Tessel::XMLUtils::XPath {
 
@@ -27,7 +30,11 @@ xercesc::DOMLSParser* XPathImplementation::createLSParser(DOMImplementationLSMod
   if (mode == MODE_ASYNCHRONOUS) {
     throw xercesc::DOMException(xercesc::DOMException::NOT_SUPPORTED_ERR, 0, manager);
   }
-  return new (manager) Parser(*this, manager, grammarPool);
+  try {
+    return new (manager) Parser(*this, *manager, grammarPool);
+  } catch (const xercesc::OutOfMemoryException&) {
+    throw std::bad_alloc();
+  }
 }
 
 }  // namespace MXF::Tessel::XMLUtils::XPath
