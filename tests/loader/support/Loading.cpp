@@ -5,6 +5,7 @@
 
 #include <xercesc/dom/DOMException.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/UTFDataFormatException.hpp>
 #include <xqilla/exceptions/XQException.hpp>
 #include <xqilla/exceptions/XQillaException.hpp>
@@ -49,6 +50,8 @@ std::string outcomeOf(const std::function<void()>& action) {
     return described(classOf(typeid(e)), e.getMessage());
   } catch (const xercesc::XMLException& e) {
     return described(classOf(typeid(e)), e.getMessage());
+  } catch (const xercesc::OutOfMemoryException&) {  // of no family
+    return "OutOfMemoryException";
   } catch (const std::exception& e) {
     return classOf(typeid(e)) + ": " + e.what();
   }
