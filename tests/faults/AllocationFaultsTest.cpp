@@ -189,7 +189,7 @@ TEST(AllocationFaults, OfTheModel) {
   everyAllocationFails(Door::Model, ValueTypes::All, Fault::Once);
 }
 TEST(AllocationFaults, OfTheModelFromOneOn) {
-  everyAllocationFails(Door::Model, ValueTypes::All, Fault::FromThenOn);
+  everyAllocationFails(Door::Model, ValueTypes::All, Fault::FromThenOn, 5);
 }
 TEST(AllocationFaults, OfAllElse) {
   everyAllocationFails(Door::Standard, ValueTypes::One, Fault::Once);

@@ -99,7 +99,7 @@ std::vector<Defect> defectsIn(long first, long last, const std::function<std::st
     const int status = statusOf(child);
     if (WIFEXITED(status) && WEXITSTATUS(status) == endedWell) break;
     const bool crashed = !WIFEXITED(status) || WEXITSTATUS(status) != foundDefect;
-    defects.push_back({report->point, crashed ? "The process ends." : report->text, functionsOf(report->stack)});
+    defects.push_back({report->point, crashed ? processEnded : report->text, functionsOf(report->stack)});
   }
   return defects;
 }

@@ -9,6 +9,9 @@
 /// Runs many points, each of which may end the process, in child processes.
 namespace MXF::Tessel::Test {
 
+/// The text of a defect: the child does not come back from the point.
+constexpr const char* processEnded = "The process ends.";
+
 /// A point that did not end as promised.
 struct Defect {
   long point;

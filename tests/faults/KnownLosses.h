@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-/// What the XML libraries lose when they run out of memory and nobody else can free: blocks that they take from operator
-/// new directly, in functions that hold them by bare pointers. All else that they lose was taken from memory that goes
-/// with the loader, and counts as a defect here.
+/// What the XML libraries do when they run out of memory and nobody else can mend: they lose blocks that they take from
+/// operator new directly, in functions that hold them by bare pointers, and free one twice. All else that they lose was
+/// taken from memory that goes with the loader, and counts as a defect here.
 namespace MXF::Tessel::Test {
 
 /// The text of a defect: so many blocks are in use that were not before.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "../OwnedMemory.h"
 #include "NamespaceBindings.h"
+#include "OwnedMemory.h"
 
 #include <xercesc/dom/DOMXPathNSResolver.hpp>
 #include <xqilla/context/DynamicContext.hpp>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "../OwnedMemory.h"
+#include "OwnedMemory.h"
 
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xqilla/xerces/XercesConfiguration.hpp>
