@@ -2,6 +2,7 @@
 
 #include <Platform/malloc_alloc.h>
 
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -15,10 +16,11 @@ namespace {
 // Plain data: operator new is called before any constructor of this program has run.
 struct State {
   long inUse;
-  long counts[doorCount];
-  long failing;  // number of the allocation that fails, of the door below; 0 for none
-  Door door;
+  bool watching;
+  Door door;  // the one that is watched
   Fault fault;
+  long failing;  // number of the allocation that fails
+  long count;
   bool failed;
   Stack* stack;
 };
@@ -33,9 +35,10 @@ constexpr unsigned int liveMark = 0x5AFE0000;
 constexpr unsigned int freedMark = 0xDEAD0000;
 
 bool isToFail(Door door) {
-  const long number = ++state.counts[static_cast<std::size_t>(door)];
-  if (state.failing == 0 || state.door != door) return false;
-  const bool fails = state.fault == Fault::Once ? number == state.failing : number >= state.failing;
+  if (!state.watching || state.door != door) return false;
+  const long number = ++state.count;
+  const bool fromThenOn = state.fault == Fault::FromThenOn && state.failing != 0;
+  const bool fails = number == state.failing || (fromThenOn && number > state.failing);
   if (!fails) return false;
   if (!state.failed && state.stack != nullptr) state.stack->size = backtrace(state.stack->frames, Stack::mostFrames);
   state.failed = true;
@@ -78,16 +81,17 @@ long inUse() {
 }
 
 void failAt(Door door, long number, Fault fault) {
-  state.counts[static_cast<std::size_t>(door)] = 0;
+  state.watching = true;
   state.door = door;
   state.fault = fault;
-  state.failed = false;
   state.failing = number;
+  state.count = 0;
+  state.failed = false;
 }
 
-Outcome stopFailing() {
-  state.failing = 0;
-  return {state.counts[static_cast<std::size_t>(state.door)], state.failed};
+long stopFailing() {
+  state.watching = false;
+  return state.count;
 }
 
 void recordStackIn(Stack* stack) {

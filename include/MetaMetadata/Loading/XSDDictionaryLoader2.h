@@ -27,8 +27,13 @@ class XSDDictionaryLoader2Impl;
 ///
 /// Every failure is an exception. After any failure the loader stays usable and keeps its flavour and options. An
 /// exception of ours that is about a declaration tells where that is (BaseException::location()), in the given document
-/// or an import; what is loaded tells the same of itself (PropertyMap::origin()). Beside the exceptions named at each operation, any may throw std::bad_alloc; one thrown inside the dictionary pass becomes
-/// Exceptions::ParseError "Unknown error in Xerces or XQilla".
+/// or an import; what is loaded tells the same of itself (PropertyMap::origin()).
+///
+/// Beside the exceptions named at each operation, any may throw std::bad_alloc; one thrown inside the dictionary pass
+/// becomes Exceptions::ParseError "Unknown error in Xerces or XQilla" where there is memory for that. The dictionary is
+/// then as after any other failure, and what was built is freed, but for a few small blocks that XQilla loses. Two
+/// failures of memory cannot be survived: while the first loader of the process starts the XML libraries, Xerces-C ends
+/// the process; and when there is none for the text of a query's error, XQilla frees a block twice.
 ///
 /// Threads: one loader, and the dictionary it fills, are used by one thread at a time. Loaders share nothing that
 /// changes, so any number of threads may at the same time make, use and destroy loaders of their own, also on the same

@@ -20,6 +20,8 @@ namespace MXF::Tessel::XMLUtils {
 ///
 /// @param path    any path of the file system, in UTF-16 code units; the file is opened by its UTF-8 form.
 /// @param parser  a parser of Initializer::domImplementation(); its settings are made here. It owns the document.
+/// Running out of memory is std::bad_alloc, and the parser can be used again.
+///
 /// @return the document, or null when the file cannot be opened or is no regular file, such as a directory or a pipe.
 /// @throws xercesc::SAXParseException  the content is not well-formed ("PATH:LINE:COLUMN: " and the parser's text) or
 ///         exceeds a limit ("PATH:LINE:COLUMN: Limit exceeded: more than ..."), with line and column also in the
