@@ -78,10 +78,9 @@ class NothingOutside : public xercesc::DOMLSResourceResolver {
                                        const XMLCh* /*baseURI*/) override {
     static constexpr XMLByte nothing = 0;
     using xercesc::MemBufInputSource;
-    using xercesc::Wrapper4InputSource;
     std::unique_ptr<MemBufInputSource> source(new (&memory_)
                                                   MemBufInputSource(&nothing, XMLSize_t{0}, systemId, false, &memory_));
-    std::unique_ptr<Wrapper4InputSource> input(new (&memory_) Wrapper4InputSource(source.get(), true, &memory_));
+    auto input = std::make_unique<xercesc::Wrapper4InputSource>(source.get(), true, &memory_);
     static_cast<void>(source.release());  // adopted by the wrapper
     return input.release();               // adopted by the parser
   }

@@ -15,13 +15,12 @@ namespace MXF::Tessel::XMLUtils {
 ///
 /// A document that exceeds one of the limits on size, nesting, attributes, names, entities and document types
 /// (SECURITY.md lists them) is treated like one that is not well-formed.
+/// Running out of memory is std::bad_alloc, after which the parser can be used again.
 ///
 /// Threads: any number of threads may load at once, each with a parser of its own, also the same file.
 ///
 /// @param path    any path of the file system, in UTF-16 code units; the file is opened by its UTF-8 form.
 /// @param parser  a parser of Initializer::domImplementation(); its settings are made here. It owns the document.
-/// Running out of memory is std::bad_alloc, and the parser can be used again.
-///
 /// @return the document, or null when the file cannot be opened or is no regular file, such as a directory or a pipe.
 /// @throws xercesc::SAXParseException  the content is not well-formed ("PATH:LINE:COLUMN: " and the parser's text) or
 ///         exceeds a limit ("PATH:LINE:COLUMN: Limit exceeded: more than ..."), with line and column also in the
