@@ -81,7 +81,7 @@ std::optional<SchemaContents> schemaContents(const std::string& path) {
     const WideString widePath = Utils::stringToWstring(path.c_str());
     const xercesc::DOMDocument* document = XMLUtils::loadDocumentFromFile(widePath.c_str(), *parser);
     if (document != nullptr && document->getDocumentElement() != nullptr) {
-      contents = contentsOf(*document->getDocumentElement());
+      contents.emplace(contentsOf(*document->getDocumentElement()));
     }
   }));
   return contents;
