@@ -42,8 +42,9 @@ auto_ptr<LocalTag> localTag(const PropertyAnnotations& annotations) {
 }
 
 const MetaElement& referencedElement(const xercesc::DOMElement& declaration, const WideString& reference,
-                                     const ElementsByXmlName& elementsByXmlName) {
+                                     const ElementsByXmlName& elementsByXmlName, LoadBudget& budget) {
   const WideString uri = namespaceForPrefix(*declaration.getOwnerDocument(), qnamePrefix(reference));
+  budget.takeRepeatedText(uri.size() + reference.size());
   const auto element = elementsByXmlName.find(uri + L":" + qnameLocalPart(reference));
   if (element == elementsByXmlName.end()) {
     throw Exceptions::NotFound((L"The " + reference + L" not MetaElement not found in Dictionary.").c_str(),
@@ -64,14 +65,14 @@ auto_ptr<Types::BaseType> distinguishedValue(const MetaElement& element, const W
 
 auto_ptr<MetaAttribute> buildAttribute(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, int index,
                                        SchemeState& state) {
-  const PropertyAnnotations& annotations =
-      state.annotations.of(declaration, data.nsResolver, [&] { return readPropertyAnnotations(data, declaration); });
+  const PropertyAnnotations& annotations = state.annotations.of(
+      declaration, data.schemaNamespace, [&] { return readPropertyAnnotations(data, declaration); });
   data.budget->takeAttribute();
   data.budget->takeRepeatedText(annotations.distinguishedValue.size() + annotations.semanticsValidation.size());
   const WideString reference = attributeOf(declaration, u"ref");
   const Status status = requiredStatus(annotations);
   auto_ptr<LocalTag> tag = localTag(annotations);
-  const MetaElement& element = referencedElement(declaration, reference, state.elementsByXmlName);
+  const MetaElement& element = referencedElement(declaration, reference, state.elementsByXmlName, *data.budget);
 
   auto_ptr<MetaAttribute> attribute(
       new MetaAttribute(element, status, distinguishedValue(element, annotations.distinguishedValue), tag.get()));

@@ -29,7 +29,14 @@ xercesc::DOMDocument* loadDocument(XSDLoaderImplData& data, const WideString& pa
   data.pathByDocument.emplace(document, std::make_shared<const WideString>(path));
   data.nsResolver = document->createNSResolver(document->getDocumentElement());
   registerNamespaces(data, *document);
+  useBindings(data, *data.nsResolver);
   return document;
+}
+
+void useBindings(XSDLoaderImplData& data, xercesc::DOMXPathNSResolver& bindings) {
+  const XMLCh* schemaNamespace = bindings.lookupNamespaceURI(u"xs");
+  data.nsResolver = &bindings;
+  data.schemaNamespace = &*data.schemaNamespaces.emplace(schemaNamespace != nullptr ? schemaNamespace : u"").first;
 }
 
 void registerNamespaces(XSDLoaderImplData& data, xercesc::DOMDocument& document) {

@@ -17,6 +17,9 @@ namespace MXF::Tessel::MetaMetadata::Loading {
 /// @throws xercesc::SAXParseException  not well-formed.
 xercesc::DOMDocument* loadDocument(XSDLoaderImplData& data, const Templates::WideString& path);
 
+/// Makes the bindings of a document those of all later queries.
+void useBindings(XSDLoaderImplData& data, xercesc::DOMXPathNSResolver& bindings);
+
 /// Records the "xmlns:" bindings of the root element in the data's resolver, and their prefixes for namespaces that
 /// have none yet. The default namespace is not recorded.
 /// @throws Exceptions::ParseError  the document has no root element.

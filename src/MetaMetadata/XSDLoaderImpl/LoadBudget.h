@@ -17,7 +17,8 @@ constexpr Utils::Limit attributes{500'000, L"attributes of sets in a load"};
 /// Chains of base types are walked anew for every set, and a type is looked for in one import after the other.
 constexpr Utils::Limit typeLookups{2'000'000, L"look-ups of types in a load"};
 
-/// Namespaces, prefixes and values that elements, sets and attributes have in common; each keeps its own copy.
+/// Namespaces, prefixes and values that elements, sets and attributes have in common, of which each keeps its own copy,
+/// and names that are looked up again and again.
 constexpr Utils::Limit repeatedText{100'000'000, L"characters of repeated texts in a load"};
 
 /// A path is read once, but a file has many paths. Documents stay until the loader is destroyed.

@@ -41,7 +41,7 @@ std::size_t sizeOfFile(const WideString& path) {
 /// queries again, as loading would make them, and its prefixes are recorded since it was first loaded.
 DOMDocument* loadImport(XSDLoaderImplData& data, const WideString& path) {
   if (const ImportedDocument* imported = data.importedDocuments.find(path)) {
-    data.nsResolver = imported->nsResolver;
+    useBindings(data, *imported->nsResolver);
     return imported->document;
   }
   data.budget->takeImport(sizeOfFile(path));
@@ -50,10 +50,8 @@ DOMDocument* loadImport(XSDLoaderImplData& data, const WideString& path) {
   return document;
 }
 
-SchemaIndex::Locations importLocations(XSDLoaderImplData& data, DOMDocument& from, const WideString& namespaceUri) {
-  if (const SchemaIndex* index = data.schemaIndexes.find(from, *data.nsResolver)) {
-    return index->importLocations(namespaceUri);
-  }
+SchemaIndex::Locations queryImportLocations(const XSDLoaderImplData& data, DOMDocument& from,
+                                            const WideString& namespaceUri) {
   const WideString query = L"/xs:schema/xs:import[@namespace=" + queryLiteral(namespaceUri) + L"]/@schemaLocation";
   const auto values = selectAttributeValues(from, query, data.nsResolver);
   return {values.begin(), values.end()};
@@ -61,7 +59,10 @@ SchemaIndex::Locations importLocations(XSDLoaderImplData& data, DOMDocument& fro
 
 DOMDocument* findAmongImportsOf(XSDLoaderImplData& data, DOMDocument& from, const WideString& typeName,
                                 const WideString& namespaceUri) {
-  const SchemaIndex::Locations locations = importLocations(data, from, namespaceUri);
+  const SchemaIndex* index = data.schemaIndexes.find(from, *data.nsResolver);
+  SchemaIndex::Locations queried;
+  if (index == nullptr) queried = queryImportLocations(data, from, namespaceUri);
+  const SchemaIndex::Locations& locations = index != nullptr ? index->importLocations(namespaceUri) : queried;
   data.budget->takeTypeLookups(locations.size());
   for (const WideString& location : locations) {
     DOMDocument* imported = loadImport(data, importedSchemaPath(data, location));
@@ -73,6 +74,7 @@ DOMDocument* findAmongImportsOf(XSDLoaderImplData& data, DOMDocument& from, cons
 }  // namespace
 
 DOMElement* findComplexType(XSDLoaderImplData& data, DOMDocument& document, const WideString& typeName) {
+  data.budget->takeRepeatedText(typeName.size());
   const WideString name = qnameLocalPart(typeName);
   if (const SchemaIndex* index = data.schemaIndexes.find(document, *data.nsResolver)) {
     return index->complexTypeNamed(name);
@@ -84,6 +86,7 @@ DOMElement* findComplexType(XSDLoaderImplData& data, DOMDocument& document, cons
 DOMDocument* findTypeDocument(XSDLoaderImplData& data, const WideString& typeName, DOMDocument& from) {
   if (findComplexType(data, from, typeName) != nullptr) return &from;
   const WideString namespaceUri = namespaceForPrefix(from, qnamePrefix(typeName));
+  data.budget->takeRepeatedText(namespaceUri.size());
   if (DOMDocument* loaded = findAmongLoadedImports(data, typeName, namespaceUri)) return loaded;
   return findAmongImportsOf(data, from, typeName, namespaceUri);
 }

@@ -86,7 +86,7 @@ DOMElement* findElementOfType(XSDLoaderImplData& data, DOMDocument& document, co
 WideString baseGroupKeyText(XSDLoaderImplData& data, const ChainLink& link, KnownTypes& known) {
   DOMElement* group = findElementOfType(data, *link.baseDocument, link.baseName);
   if (group != nullptr) {
-    const WideString& key = known.baseGroupKeys.of(*group, data.nsResolver, [&] {
+    const WideString& key = known.baseGroupKeys.of(*group, data.schemaNamespace, [&] {
       const auto groupKey = workingOn(data, *group, [&] { return readGroupKey(data, *group); });
       return groupKey ? groupKey->toString(textForm) : WideString();
     });
@@ -116,7 +116,7 @@ TypeProperties collectPropertyDeclarations(XSDLoaderImplData& data, DOMDocument&
     if (!link->baseName.empty()) properties.baseGroupKey = baseGroupKeyText(data, *link, known);
     DOMElement& type = *link->complexType;
     const Elements& own =
-        known.ownDeclarations.of(type, data.nsResolver, [&] { return ownPropertyDeclarations(data, type); });
+        known.ownDeclarations.of(type, data.schemaNamespace, [&] { return ownPropertyDeclarations(data, type); });
     properties.declarations.insert(properties.declarations.end(), own.begin(), own.end());
   }
   return properties;

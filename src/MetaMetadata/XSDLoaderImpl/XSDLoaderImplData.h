@@ -15,6 +15,8 @@
 
 #include <cstddef>
 #include <memory>
+#include <set>
+#include <string>
 
 namespace MXF::Tessel::MetaMetadata::Loading {
 
@@ -41,6 +43,9 @@ struct XSDLoaderImplData {
   SchemaIndexes schemaIndexes;
   /// Resolver of the most recently loaded document, whichever document a query runs on. Lives with its document.
   xercesc::DOMXPathNSResolver* nsResolver = nullptr;
+  /// What that resolver has for the prefix xs, one of all that were met.
+  const std::u16string* schemaNamespace = nullptr;
+  std::set<std::u16string> schemaNamespaces;
   XMLUtils::Released<xercesc::DOMLSParser> parser;
   QuerySet queries;
   /// Of the current load. What a pass only reads of the state has its share in it all the same.
