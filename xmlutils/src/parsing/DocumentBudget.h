@@ -19,6 +19,12 @@ class DocumentBudget {
   const Limit* declarePrefix();
   /// The attributes of an element, given when the element's own namespace declarations have all been counted.
   const Limit* haveAttributes(std::size_t count);
+  const Limit* compareWithDeclared(std::size_t attributes) {
+    return take(declaredAttributes_, attributes, Limits::declaredAttributes);
+  }
+  const Limit* makeDefaults(std::size_t attributes) {
+    return take(defaultAttributes_, attributes, Limits::defaultAttributes);
+  }
   const Limit* repeatDefaultValue(std::size_t length) { return take(defaultValues_, length, Limits::defaultValues); }
 
   void beginDoctype() { isInDoctype_ = true; }
@@ -40,6 +46,8 @@ class DocumentBudget {
   std::size_t prefixesOfElement_ = 0;
   std::size_t prefixes_ = 0;
   std::size_t names_ = 0;
+  std::size_t declaredAttributes_ = 0;
+  std::size_t defaultAttributes_ = 0;
   std::size_t defaultValues_ = 0;
   bool isInDoctype_ = false;
   std::size_t doctypeSize_ = 0;

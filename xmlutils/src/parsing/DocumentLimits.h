@@ -38,13 +38,16 @@ constexpr Limit entityLength{4'096, L"characters in an entity"};
 /// The parser does not count expansions of parameter entities, and those of nested ones can double with each.
 constexpr Limit parameterEntityNesting{0, L"references in a parameter entity"};
 
-/// The schema for schemas has fewer than a hundred. Every element is compared with all attributes declared for it.
+/// The schema for schemas has fewer than a hundred.
 constexpr Limit doctypeDeclarations{1'000, L"declarations in a document type"};
 /// Its own text, and that of parameter entities. Names in declared content are looked up like all others.
 constexpr Limit doctypeSize{std::size_t{1} << 20U, L"bytes in a document type"};
 constexpr Limit doctypeText{1'000'000, L"characters between the declarations of a document type"};
 
-/// A default value is repeated for every element that leaves the attribute out.
+/// The parser goes through all attributes that are declared for an element wherever it meets one, and makes those with a
+/// default value anew for every element that leaves them out and after every list that declares more of them.
+constexpr Limit declaredAttributes{100'000'000, L"comparisons with declared attributes"};
+constexpr Limit defaultAttributes{100'000, L"attributes with default values"};
 constexpr Limit defaultValues{1'000'000, L"characters in default values of attributes"};
 
 }  // namespace Limits

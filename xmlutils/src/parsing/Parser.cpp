@@ -14,6 +14,7 @@
 #include <xercesc/internal/XMLScanner.hpp>
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
+#include <xercesc/validators/DTD/DTDElementDecl.hpp>
 #include <xercesc/validators/DTD/DTDEntityDecl.hpp>
 
 #include <string>
@@ -50,6 +51,16 @@ void appendText(xercesc::DOMParentNode& parent, xercesc::DOMTextImpl& text) {
   siblingsOf(*first.previousSibling).nextSibling = &text;
   text.fChild.previousSibling = first.previousSibling;
   first.previousSibling = &text;
+}
+
+std::size_t countOfDefaults(const xercesc::DTDElementDecl& element) {
+  if (!element.hasAttDefs()) return 0;
+  const xercesc::XMLAttDefList& attributes = element.getAttDefList();
+  std::size_t count = 0;
+  for (XMLSize_t i = 0; i < attributes.getAttDefCount(); ++i) {
+    if (attributes.getAttDef(i).getValue() != nullptr) ++count;
+  }
+  return count;
 }
 
 }  // namespace
@@ -107,11 +118,13 @@ void Parser::startElement(const xercesc::XMLElementDecl& declaration, unsigned i
   check(budget_.enterElement());
   check(budget_.useName(prefix, declaration.getBaseName()));
   check(budget_.haveAttributes(attributeCount));
+  if (declaration.hasAttDefs()) check(budget_.compareWithDeclared(declaration.getAttDefList().getAttDefCount()));
   for (XMLSize_t i = 0; i < attributeCount; ++i) {
     const xercesc::XMLAttr& attribute = *attributes.elementAt(i);
     check(budget_.useName(attribute.getPrefix(), attribute.getName()));
-    if (!attribute.getSpecified())
-      check(budget_.repeatDefaultValue(xercesc::XMLString::stringLen(attribute.getValue())));
+    if (attribute.getSpecified()) continue;
+    check(budget_.makeDefaults(1));
+    check(budget_.repeatDefaultValue(xercesc::XMLString::stringLen(attribute.getValue())));
   }
   DOMLSParserImpl::startElement(declaration, namespaceId, prefix, attributes, attributeCount, isEmpty, isRoot);
   notePosition();
@@ -181,6 +194,11 @@ void Parser::endIntSubset() {
 void Parser::attDef(const xercesc::DTDElementDecl& element, const xercesc::DTDAttDef& attribute, bool isIgnored) {
   check(budget_.declare());
   DOMLSParserImpl::attDef(element, attribute, isIgnored);
+}
+
+void Parser::endAttList(const xercesc::DTDElementDecl& element) {
+  check(budget_.makeDefaults(countOfDefaults(element)));
+  DOMLSParserImpl::endAttList(element);
 }
 
 void Parser::elementDecl(const xercesc::DTDElementDecl& declaration, bool isIgnored) {
