@@ -88,7 +88,7 @@ TEST(DocumentTypes, AreLimitedInSizeAndDeclarations) {
     const char* place;
   } kinds[] = {
       {"elements", "<!ELEMENT b", " ANY>", "1:18932"},
-      {"attributes", "<!ATTLIST b a", " CDATA ''>", "1:25938"},
+      {"attributes", "<!ATTLIST b a", " CDATA #IMPLIED>", "1:31944"},
       {"entities", "<!ENTITY e", " 'x'>", "1:17931"},
       {"notations", "<!NOTATION n", " SYSTEM 'x'>", "1:26939"},
   };
@@ -118,6 +118,29 @@ TEST(DocumentTypes, AreLimitedInSizeAndDeclarations) {
   expectOutcome("deep content model", Load::Dictionary,
                 schemaWith("<!ELEMENT b " + std::string(100'000, '(') + "c" + std::string(100'000, ')') + ">"),
                 elementA);
+}
+
+TEST(DocumentTypes, AreLimitedInWhatTheirAttributesAdd) {
+  const auto lists = [](std::size_t count, const char* type) {
+    return repeated(count, [&](std::size_t i) { return numbered("<!ATTLIST b a", i) + type; });
+  };
+  const std::string noDefaults = lists(1'000, " CDATA #IMPLIED>");
+  expectOutcome("compared at the limit", Load::Dictionary, schemaWith(noDefaults, "A name", times(100'000, "<b/>")),
+                elementA);
+  expectOutcome("one more", Load::Dictionary, schemaWith(noDefaults, "A name", times(100'001, "<b/>")),
+                limitExceeded("1:432310", "100000000 comparisons with declared attributes"));
+
+  // After each list the parser makes all so far: the sum of 1 to 446 is 99,681.
+  const std::string limit = "100000 attributes with default values";
+  const std::string empty = lists(446, " CDATA ''>");
+  expectOutcome("lists", Load::Dictionary, schemaWith(empty), elementA);
+  expectOutcome("one more list", Load::Dictionary, schemaWith(lists(447, " CDATA ''>")),
+                limitExceeded("1:11534", limit));
+  expectOutcome("elements that leave them out", Load::Dictionary,
+                schemaWith("<!ATTLIST b c CDATA ''>", "A name", times(99'999, "<b/>")), elementA);
+  expectOutcome("one more element", Load::Dictionary,
+                schemaWith("<!ATTLIST b c CDATA ''>", "A name", times(100'000, "<b/>")),
+                limitExceeded("1:400439", limit));
 }
 
 TEST(DocumentTypes, AreLimitedInWhatTheirDefaultValuesAdd) {

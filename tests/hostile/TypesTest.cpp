@@ -60,9 +60,6 @@ TEST(Types, AreLimitedInLookUpsOfALoad) {
   };
   expectOutcome("at the limit", Load::Scheme, shared(1'000), "5 elements, 1000 sets, 0 attributes");
   expectOutcome("one more chain", Load::Scheme, shared(1'001), loadLimitExceeded("2000000 look-ups of types"));
-  expectOutcome("10,000 groups that each extend the one before", Load::Scheme,
-                schemeOf(chainOf(10'000) + groupsOf(10'000, numberedName)),
-                loadLimitExceeded("2000000 look-ups of types"));
 }
 
 TEST(Types, AreLimitedInAttributesOfALoad) {
