@@ -60,13 +60,25 @@ auto_ptr<Value> valueAs(auto_ptr<BaseType> value) {
   return auto_ptr<Value>(static_cast<Value*>(value.release()));
 }
 
+/// Hands over the items of "{item,item,...}" one by one: a list of millions would take many times its text.
+template <class Handler>
+void forEachItem(const WideString& text, Handler handle) {
+  if (!isBraced(text, shortestList)) return;
+  const std::size_t closingBrace = text.size() - 1;
+  for (std::size_t start = 1; start < closingBrace;) {
+    const std::size_t end = std::min(text.find(L',', start), closingBrace);
+    handle(text.substr(start, end - start));
+    start = end + 1;
+  }
+}
+
 template <class CollectionKind>
 auto_ptr<BaseType> readCollection(const WideString& text, Identifier subType) {
   if (isCollectionKind(subType)) Types::Factories::BaseTypeFactory::instance().lookupSimpleType(subType);
   auto_ptr<CollectionKind> collection(new CollectionKind(elementSizeOf(subType)));
-  for (const WideString& item : splitBracedList(text)) {
-    collection->append(valueAs<Types::SimpleDataType>(stringToValue(subType, Identifier::Unknown, item)));
-  }
+  forEachItem(text, [&](WideString item) {
+    collection->append(valueAs<Types::SimpleDataType>(stringToValue(subType, Identifier::Unknown, std::move(item))));
+  });
   return collection;
 }
 
@@ -83,13 +95,7 @@ auto readInteger(Identifier dataType, const WideString& text) {
 
 Items splitBracedList(const WideString& text) {
   Items items;
-  if (!isBraced(text, shortestList)) return items;
-  const std::size_t closingBrace = text.size() - 1;
-  for (std::size_t start = 1; start < closingBrace;) {
-    const std::size_t end = std::min(text.find(L',', start), closingBrace);
-    items.push_back(text.substr(start, end - start));
-    start = end + 1;
-  }
+  forEachItem(text, [&](WideString item) { items.push_back(std::move(item)); });
   return items;
 }
 
