@@ -2,6 +2,7 @@
 
 #include <Utils/Limit.h>
 
+#include <algorithm>
 #include <cstddef>
 
 /// What one load may ask for. Small schemas can ask for much: types and sets repeat what they inherit, declarations
@@ -21,8 +22,10 @@ constexpr Utils::Limit typeLookups{2'000'000, L"look-ups of types in a load"};
 /// and names that are looked up again and again.
 constexpr Utils::Limit repeatedText{100'000'000, L"characters of repeated texts in a load"};
 
-/// A path is read once, but a file has many paths. Documents stay until the loader is destroyed.
+/// A path is read once, but a file has many paths. Documents stay until the loader is destroyed, and the smallest takes
+/// some sixteen kilobytes of memory: that is what each counts at least.
 constexpr Utils::Limit importedBytes{std::size_t{256} << 20U, L"bytes of imported files in a load"};
+constexpr std::size_t smallestImport = std::size_t{16} << 10U;
 
 }  // namespace Limits
 
@@ -33,7 +36,9 @@ class LoadBudget {
   void takeAttribute() { take(attributes_, 1, Limits::attributes); }
   void takeTypeLookups(std::size_t count) { take(typeLookups_, count, Limits::typeLookups); }
   void takeRepeatedText(std::size_t length) { take(repeatedText_, length, Limits::repeatedText); }
-  void takeImport(std::size_t bytes) { take(importedBytes_, bytes, Limits::importedBytes); }
+  void takeImport(std::size_t bytes) {
+    take(importedBytes_, std::max(bytes, Limits::smallestImport), Limits::importedBytes);
+  }
 
  private:
   static void take(std::size_t& used, std::size_t amount, const Utils::Limit& limit);

@@ -12,7 +12,7 @@ using Utils::Limit;
 
 namespace Limits {
 
-/// The tree takes up to forty times the size of its file. The largest registry of the standard has 3 MB.
+/// The tree takes up to eighty times the size of its file. The largest registry of the standard has 3 MB.
 constexpr Limit fileSize{std::size_t{64} << 20U, L"bytes in a file"};
 
 /// Schemas nest about a dozen levels. For every level the parser looks through those above when it resolves a prefix,
