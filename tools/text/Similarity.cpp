@@ -31,7 +31,7 @@ std::size_t editDistance(std::u32string_view a, std::u32string_view b) {
 }
 
 bool isSimilar(std::u32string_view given, std::u32string_view known) {
-  const auto [shorter, longer] = std::minmax(given.size(), known.size());
+  const auto [shorter, longer] = std::minmax({given.size(), known.size()});
   const std::size_t allowed = std::min(longer / lettersPerEdit, mostEdits);
   if (longer > longestCompared || longer - shorter > allowed) return false;
   return editDistance(lowerCase(given), lowerCase(known)) <= allowed;
