@@ -79,5 +79,27 @@ TEST(Failures, AreNamedByTheirClassWithoutNamespace) {
   EXPECT_FALSE(failureOf([] {}));
 }
 
+TEST(Failures, ArePrintedWithTheirPlaceOnce) {
+  XMLUtils::Initializer::instance();
+  const auto lineOf = [](const std::function<void()>& action) { return failureLine("f.xsd", *failureOf(action)); };
+  const Utils::SourceLocation place(std::make_shared<const Templates::WideString>(L"i.xsd"), 3, 4);
+  EXPECT_EQ(lineOf([&] {
+              Exceptions::NotFound error(L"a: b", "File", 1);
+              error.setDeclaration(place);
+              throw error;
+            }),
+            "i.xsd:3:4: error: a: b [NotFound]");
+  EXPECT_EQ(lineOf([&] {
+              Exceptions::ParseError error(L"i.xsd:3:4: a", "File", 1);
+              error.setLocation(place);
+              throw error;
+            }),
+            "i.xsd:3:4: error: a [ParseError]");
+  EXPECT_EQ(lineOf([] { throw xercesc::SAXParseException(u"i.xsd:3:4: a", u"", u"i.xsd", 3, 4); }),
+            "i.xsd:3:4: error: a [SAXParseException]");
+  EXPECT_EQ(lineOf([] { throw xercesc::SAXParseException(u"i.xsd:3:4: a", nullptr, nullptr, 0, 0); }),
+            "f.xsd: error: i.xsd:3:4: a [SAXParseException]");
+}
+
 }  // namespace
 }  // namespace MXF::Tessel::Tool

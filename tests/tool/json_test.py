@@ -6,6 +6,7 @@ import jsonschema
 
 from support import SOURCE, ToolTest, attribute, dictionary, element, group, key, label, reference, scheme
 
+NO_PLACE = {"path": None, "line": None, "column": None}
 SCHEMA = json.loads((SOURCE / "docs/dump.schema.json").read_text(encoding="utf-8"))
 
 
@@ -39,8 +40,9 @@ class Format(ToolTest):
             lambda d: d.pop("localTags"),
             lambda d: d.update(more=1),
             lambda d: d["loads"][0].update(kind="group"),
-            lambda d: d["loads"][0].update(error={"class": "NotFound", "code": 16, "message": ""}),
-            lambda d: d["loads"][0].update(error={"class": "NotFound", "code": None, "message": ""}),
+            lambda d: d["loads"][0].update(error={**NO_PLACE, "class": "NotFound", "code": 16, "message": ""}),
+            lambda d: d["loads"][0].update(error={**NO_PLACE, "class": "NotFound", "code": None, "message": ""}),
+            lambda d: d["loads"][0].update(error={**NO_PLACE, "class": "NotFound", "code": 31, "message": "", "line": 1}),
             lambda d: d["elements"][0].update(label=label(1).lower()),
             lambda d: d["elements"][0].update({"class": "MetaCollection"}),
             lambda d: d["elements"][0].update(dataType=24),

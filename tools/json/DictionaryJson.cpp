@@ -40,9 +40,13 @@ Json propertiesJson(const PropertyMap& map) {
 }
 
 Json errorJson(const Failure& failure) {
+  const Utils::SourceLocation& place = failure.place;
   return {{"class", failure.className},
           {"code", failure.code ? Json(*failure.code) : Json()},
-          {"message", jsonString(failure.message)}};
+          {"message", jsonString(failure.message)},
+          {"path", place.isKnown() ? jsonString(place.path()) : Json()},
+          {"line", place.isKnown() ? Json(place.line()) : Json()},
+          {"column", place.isKnown() ? Json(place.column()) : Json()}};
 }
 
 Json loadsJson(const std::vector<LoadRecord>& records) {

@@ -11,12 +11,11 @@
 #include <xqilla/exceptions/XQException.hpp>
 #include <xqilla/exceptions/XQillaException.hpp>
 
-#include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <cxxabi.h>
 #include <exception>
 #include <memory>
-#include <string_view>
 #include <typeinfo>
 
 namespace MXF::Tessel::Tool {
@@ -43,21 +42,15 @@ std::string narrow(const Templates::WideString& text) {
   return {result.begin(), result.end()};
 }
 
-/// Position after a colon and a number that stand at a position, or npos.
-std::size_t skipNumber(std::string_view text, std::size_t position) {
-  const std::size_t end = std::min(text.find_first_not_of("0123456789", position + 1), text.size());
-  return position < text.size() && text[position] == ':' && end > position + 1 ? end : std::string_view::npos;
-}
-
-/// The place that a message of the parser begins with, "PATH:LINE:COLUMN"; empty for any other message.
-std::string_view placeOf(std::string_view message, const Failure& failure) {
-  if (failure.className != "SAXParseException") return {};  // others may hold the like by chance
-  for (std::size_t colon = message.find(':'); colon != std::string_view::npos; colon = message.find(':', colon + 1)) {
-    const std::size_t line = skipNumber(message, colon);
-    const std::size_t column = line == std::string_view::npos ? line : skipNumber(message, line);
-    if (column != std::string_view::npos && message.substr(column, 2) == ": ") return message.substr(0, column);
+Failure parserFailure(const xercesc::SAXParseException& error) {
+  Failure failure = xmlFailure("SAXParseException", error.getMessage());
+  const Templates::WideString path = XMLUtils::toWstring(error.getSystemId());
+  if (!path.empty() && error.getLineNumber() > 0) {
+    failure.place = {std::make_shared<const Templates::WideString>(path),
+                     static_cast<std::uint32_t>(error.getLineNumber()),
+                     static_cast<std::uint32_t>(error.getColumnNumber())};
   }
-  return {};
+  return failure;
 }
 
 }  // namespace
@@ -74,7 +67,7 @@ std::optional<Failure> failureOf(const std::function<void()>& action) {
   } catch (const XQException& error) {
     return xmlFailure("XQException", error.getError());
   } catch (const xercesc::SAXParseException& error) {
-    return xmlFailure("SAXParseException", error.getMessage());
+    return parserFailure(error);
   } catch (const xercesc::SAXException& error) {
     return xmlFailure("SAXException", error.getMessage());
   } catch (const xercesc::DOMException& error) {
@@ -90,13 +83,15 @@ std::optional<Failure> failureOf(const std::function<void()>& action) {
   }
 }
 
+Templates::WideString messageWithoutPlace(const Failure& failure) {
+  const Templates::WideString start = failure.place.toString() + L": ";
+  const bool isNamed = failure.place.isKnown() && failure.message.compare(0, start.size(), start) == 0;
+  return isNamed ? failure.message.substr(start.size()) : failure.message;
+}
+
 std::string failureLine(const std::string& file, const Failure& failure) {
-  std::string message = narrow(failure.message);
-  std::string place(failure.place.isKnown() ? narrow(failure.place.toString()) : placeOf(message, failure));
-  if (place.empty()) place = file;
-  // Messages of the parser name the place themselves.
-  if (message.compare(0, place.size() + 2, place + ": ") == 0) message.erase(0, place.size() + 2);
-  return place + ": error: " + message + " [" + failure.className + ']';
+  const std::string place = failure.place.isKnown() ? narrow(failure.place.toString()) : file;
+  return place + ": error: " + narrow(messageWithoutPlace(failure)) + " [" + failure.className + ']';
 }
 
 }  // namespace MXF::Tessel::Tool
