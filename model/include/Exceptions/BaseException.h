@@ -19,7 +19,9 @@ class TESSELMXF_MODEL_API BaseException {
   BaseException(const wchar_t* message, const char* sourceFile, int line);
   /// The same with a narrow message (UTF-8), which is widened.
   BaseException(const char* message, const char* sourceFile, int line);
+  /// A copy shares the texts.
   BaseException(const BaseException& other) noexcept;
+  /// Shares the texts of the other from now on.
   BaseException& operator=(const BaseException& other) noexcept;
 
   virtual ~BaseException();

@@ -8,8 +8,16 @@ namespace MXF::Tessel::MetaMetadata {
 /// process; it never changes, so any number of threads may ask it at once.
 class TESSELMXF_MODEL_API AttributeRequiredStatus {
  public:
-  enum class Status : int { Required, Optional, DecoderRequired, EncoderRequired, BestEffort };
+  /// What is asked of those who write files, and of those who read them.
+  enum class Status : int {
+    Required,         ///< "Req": of both.
+    Optional,         ///< "Opt": of none.
+    DecoderRequired,  ///< "D/req": of those who read.
+    EncoderRequired,  ///< "E/req": of those who write.
+    BestEffort        ///< "B.Effort": who does not know the value writes the distinguished one.
+  };
 
+  /// The one object of the process.
   static AttributeRequiredStatus& instance();
 
   /// @param text  not null: "Req", "Opt", "D/req", "E/req" or "B.Effort", exactly.

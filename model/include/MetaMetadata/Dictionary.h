@@ -54,10 +54,14 @@ class TESSELMXF_MODEL_API MetaElementRegistry {
 /// readers, as by joining the loading thread or by a lock.
 class TESSELMXF_MODEL_API Dictionary : public MetaMetadataSetRegistry, public MetaElementRegistry {
  public:
+  /// Gives pairs of label and element.
   using MetaElementIterator = Templates::_Rb_tree_iterator<Templates::pair<const Types::UniversalLabel, MetaElement*>>;
+  /// The same, for reading only.
   using MetaElementConstIterator =
       Templates::_Rb_tree_const_iterator<Templates::pair<const Types::UniversalLabel, MetaElement*>>;
+  /// Gives pairs of key and set.
   using MetaMetadataSetIterator = Templates::_Rb_tree_const_iterator<Templates::pair<const KLV::Key, MetaMetadataSet>>;
+  /// Pairs of local tag and label, by tag, then label.
   using LocalTags = Templates::set<Templates::pair<Types::LocalTag, Types::UniversalLabel>>;
 
   Dictionary();
@@ -71,18 +75,22 @@ class TESSELMXF_MODEL_API Dictionary : public MetaMetadataSetRegistry, public Me
   void addMetaMetadataSet(const KLV::Key& key, const MetaMetadataSet& set) override;
   void addMetaElement(const Types::UniversalLabel& label, Templates::auto_ptr<MetaElement> element) override;
 
+  ///@{
   /// The elements as pairs of label and element, in label order. They stay the dictionary's. Changing an element counts
   /// as changing the dictionary.
   MetaElementIterator metaElementBegin() { return elements_.begin(); }
   MetaElementIterator metaElementEnd() { return elements_.end(); }
   MetaElementConstIterator metaElementBegin() const { return elements_.begin(); }
   MetaElementConstIterator metaElementEnd() const { return elements_.end(); }
+  ///@}
   /// The element with that label, or null; stays the dictionary's and is valid as long as it.
   const MetaElement* findMetaElement(const Types::UniversalLabel& label) const;
 
+  ///@{
   /// The sets as pairs of key and set, in key order. They stay the dictionary's.
   MetaMetadataSetIterator metaMetadataSetBegin() const { return sets_.begin(); }
   MetaMetadataSetIterator metaMetadataSetEnd() const { return sets_.end(); }
+  ///@}
 
   /// All pairs of local tag and label, by tag, then label.
   const LocalTags& localTags() const { return localTags_; }

@@ -13,6 +13,7 @@ class TESSELMXF_MODEL_API MetaValueHolder {
  public:
   MetaValueHolder() = default;
   MetaValueHolder(const MetaValueHolder&) = default;
+  /// Takes nothing over: the facet holds nothing.
   virtual MetaValueHolder& operator=(const MetaValueHolder& other);
   virtual ~MetaValueHolder();
 };
@@ -20,6 +21,7 @@ class TESSELMXF_MODEL_API MetaValueHolder {
 /// Facet of the elements that refer to sets: the keys of the sets they may point at.
 class TESSELMXF_MODEL_API MetaReferenceHolder {
  public:
+  /// Keys of sets, in the order in which they were added.
   using Keys = Templates::vector<KLV::Key>;
 
   /// @param allowedSets  copied.

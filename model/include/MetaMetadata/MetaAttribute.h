@@ -17,6 +17,7 @@ class MetaAttribute;
 class TESSELMXF_MODEL_API AbstractMetaAttributeVisitor {
  public:
   virtual ~AbstractMetaAttributeVisitor();
+  /// Called by the attribute's accept(); the attribute is borrowed for the call.
   virtual void visit(const MetaAttribute& attribute) = 0;
 };
 
@@ -38,6 +39,7 @@ class TESSELMXF_MODEL_API AbstractMetaAttribute {
 class TESSELMXF_MODEL_API MetaAttribute : public AbstractMetaAttribute, public PropertyMap {
  public:
   /// @param element             stays its owner's, as a rule the dictionary's, and outlives the attribute.
+  /// @param status              whether the element must be there in the set.
   /// @param distinguishedValue  taken over; empty when there is none.
   /// @param localTag            copied; null when there is none.
   MetaAttribute(const MetaElement& element, AttributeRequiredStatus::Status status,
@@ -49,7 +51,9 @@ class TESSELMXF_MODEL_API MetaAttribute : public AbstractMetaAttribute, public P
 
   void accept(AbstractMetaAttributeVisitor& visitor) const override;
 
+  /// The element that is used; stays its owner's.
   const MetaElement& metaElement() const { return element_; }
+  /// Whether the element must be there in the set.
   AttributeRequiredStatus::Status requiredStatus() const { return status_; }
   /// Null when there is none; stays the attribute's.
   const Types::BaseType* distinguishedValue() const { return distinguishedValue_.get(); }

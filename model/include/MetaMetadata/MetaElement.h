@@ -20,14 +20,20 @@ class TESSELMXF_MODEL_API MetaElement : public PropertyMap {
   /// Takes over a copy of the other element's properties; label and data type stay.
   virtual MetaElement& operator=(const MetaElement& other);
 
+  ///@{
   /// Calls the visitor's overload for the concrete class.
   virtual void accept(Visitors::NonConstMetaElementVisitor& visitor) = 0;
   virtual void accept(Visitors::MetaElementVisitor& visitor) const = 0;
+  ///@}
 
+  /// The label that names the element wherever it is used; valid as long as the element.
   const Types::UniversalLabel& universalLabel() const { return label_; }
+  /// Type of the value, kind of the collection, or strong or weak reference.
   Types::Identifiers::Identifier dataType() const { return dataType_; }
 
  protected:
+  /// @param label     copied.
+  /// @param dataType  never changes.
   MetaElement(const Types::UniversalLabel& label, Types::Identifiers::Identifier dataType)
       : label_(label), dataType_(dataType) {}
   MetaElement(const MetaElement&) = default;
@@ -42,8 +48,8 @@ class TESSELMXF_MODEL_API MetaCollectionElement : public MetaElement {
  public:
   /// Smallest and largest number of items. The default allows any number.
   struct CollectionSizeLimits {
-    unsigned int minimum = 0;
-    unsigned int maximum = std::numeric_limits<unsigned int>::max();
+    unsigned int minimum = 0;                                         ///< No fewer items.
+    unsigned int maximum = std::numeric_limits<unsigned int>::max();  ///< No more items.
   };
 
   ~MetaCollectionElement() override;
@@ -51,10 +57,16 @@ class TESSELMXF_MODEL_API MetaCollectionElement : public MetaElement {
   /// Takes over a copy of the other element's properties; what is fixed at construction stays.
   virtual MetaCollectionElement& operator=(const MetaCollectionElement& other);
 
+  /// Type of the items.
   Types::Identifiers::Identifier dataSubType() const { return dataSubType_; }
+  /// How many items there may be.
   CollectionSizeLimits sizeLimits() const { return limits_; }
 
  protected:
+  /// @param label        copied.
+  /// @param limits       how many items there may be.
+  /// @param dataType     kind of the collection, Array or Batch.
+  /// @param dataSubType  type of the items.
   MetaCollectionElement(const Types::UniversalLabel& label, CollectionSizeLimits limits,
                         Types::Identifiers::Identifier dataType, Types::Identifiers::Identifier dataSubType)
       : MetaElement(label, dataType), dataSubType_(dataSubType), limits_(limits) {}

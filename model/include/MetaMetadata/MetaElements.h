@@ -27,6 +27,7 @@ class TESSELMXF_MODEL_API MetaSimpleElement : public MetaElement, public MetaVal
 class TESSELMXF_MODEL_API MetaCollection : public MetaCollectionElement, public MetaValueHolder {
  public:
   /// @param label        copied.
+  /// @param limits       how many items there may be.
   /// @param dataType     the collection kind, Array or Batch.
   /// @param dataSubType  type of the items.
   MetaCollection(const Types::UniversalLabel& label, CollectionSizeLimits limits,
@@ -66,6 +67,7 @@ class TESSELMXF_MODEL_API MetaReferenceCollection : public MetaCollectionElement
  public:
   /// @param label        copied.
   /// @param allowedSets  keys of the sets that the items may point at; copied.
+  /// @param limits       how many items there may be.
   /// @param dataType     the collection kind, Array or Batch.
   /// @param dataSubType  StrongReference or WeakReference.
   MetaReferenceCollection(const Types::UniversalLabel& label, CollectionSizeLimits limits, const Keys& allowedSets,

@@ -12,7 +12,9 @@ namespace MXF::Tessel::MetaMetadata {
 /// shares the attributes.
 class TESSELMXF_MODEL_API MetaMetadataSet : public PropertyMap {
  public:
+  /// An attribute; copies of a set share it.
   using Attribute = Templates::SharedPtr<MetaAttribute, Templates::LockedCounter>;
+  /// Attributes in the order of the set.
   using Attributes = Templates::vector<Attribute>;
 
   /// @param key  copied.
@@ -22,6 +24,7 @@ class TESSELMXF_MODEL_API MetaMetadataSet : public PropertyMap {
   using PropertyMap::operator=;
   ~MetaMetadataSet() override;
 
+  /// The key that names the set in a file and in the dictionary; valid as long as the set.
   const KLV::Key& key() const { return key_; }
 
   /// Adds an attribute at the end; the set shares its ownership.

@@ -14,6 +14,7 @@ namespace MXF::Tessel::MetaMetadata {
 /// Threads: like all objects of the model, one thread changes it; while nobody does, any number of threads may read it.
 class TESSELMXF_MODEL_API PropertyMap {
  public:
+  /// Texts by key (PropertyKeys.h).
   using Properties = Templates::map<Templates::WideString, Templates::WideString>;
 
   PropertyMap() = default;
@@ -35,6 +36,7 @@ class TESSELMXF_MODEL_API PropertyMap {
   /// Where the schema declares it; unknown for what a host has made itself. What is loaded from one document shares its
   /// path.
   const Utils::SourceLocation& origin() const { return origin_; }
+  /// @param origin  copied; what origin() gives from now on.
   void setOrigin(const Utils::SourceLocation& origin) { origin_ = origin; }
 
   static void* operator new(std::size_t size);

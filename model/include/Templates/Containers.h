@@ -14,9 +14,11 @@
 /// Platform::malloc_alloc.
 namespace MXF::Tessel::Templates {
 
+/// As in the standard library.
 template <class C>
 using char_traits = std::char_traits<C>;
 
+/// std::basic_string.
 template <class C, class Traits = char_traits<C>, class Allocator = Platform::malloc_alloc>
 using basic_string = std::basic_string<C, Traits, StandardAllocator<C, Allocator>>;
 
@@ -25,15 +27,19 @@ using WideString = basic_string<wchar_t>;
 /// UTF-8 text.
 using NarrowString = basic_string<char>;
 
+/// std::vector.
 template <class T, class Allocator = Platform::malloc_alloc>
 using vector = std::vector<T, StandardAllocator<T, Allocator>>;
 
+/// As in the standard library.
 template <class First, class Second>
 using pair = std::pair<First, Second>;
 
+/// std::map.
 template <class Key, class Value, class Less = std::less<Key>, class Allocator = Platform::malloc_alloc>
 using map = std::map<Key, Value, Less, StandardAllocator<std::pair<const Key, Value>, Allocator>>;
 
+/// std::set.
 template <class Key, class Less = std::less<Key>, class Allocator = Platform::malloc_alloc>
 using set = std::set<Key, Less, StandardAllocator<Key, Allocator>>;
 

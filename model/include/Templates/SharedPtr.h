@@ -11,10 +11,16 @@ namespace MXF::Tessel::Templates {
 
 /// Counter policy of SharedPtr: interlocked, so that holders on several threads may come and go.
 struct LockedCounter {
+  /// A counter that stands at one.
+  /// @throws std::bad_alloc
   static int* create() { return new (Platform::malloc_alloc::allocate(sizeof(int))) int(1); }
+  /// Frees what create() gave.
   static void destroy(int* counter) noexcept { Platform::malloc_alloc::deallocate(counter, sizeof(int)); }
+  ///@{
+  /// One step; gives the new count.
   static int increment(int& counter) noexcept { return Platform::Synchronization::interlockedIncrement(counter); }
   static int decrement(int& counter) noexcept { return Platform::Synchronization::interlockedDecrement(counter); }
+  ///@}
 };
 
 /// Shared owner of an object: the last holder deletes it, if it is owned at all.
@@ -42,6 +48,7 @@ class SharedPtr {
     return pointer;
   }
 
+  /// One more holder of the same object.
   SharedPtr(const SharedPtr& other) noexcept
       : counter_(other.counter_),
         destroyCounter_(other.destroyCounter_),
@@ -49,7 +56,9 @@ class SharedPtr {
         owning_(other.owning_) {
     if (counter_ != nullptr) Counter::increment(*counter_);
   }
+  /// Leaves the other pointing at nothing.
   SharedPtr(SharedPtr&& other) noexcept { swap(other); }
+  /// Gives up the object held before.
   SharedPtr& operator=(SharedPtr other) noexcept {
     swap(other);
     return *this;
@@ -60,13 +69,19 @@ class SharedPtr {
     destroyCounter_(counter_);
   }
 
+  /// The object, or null; stays the holders'.
   T* get() const noexcept { return object_; }
+  ///@{
+  /// The object; there must be one.
   T& operator*() const noexcept { return *object_; }
   T* operator->() const noexcept { return object_; }
+  ///@}
+  /// Whether this points at an object.
   explicit operator bool() const noexcept { return object_ != nullptr; }
   /// Whether the last holder deletes the object.
   bool owns() const noexcept { return owning_ && object_ != nullptr; }
 
+  /// Exchanges objects and counters.
   void swap(SharedPtr& other) noexcept {
     std::swap(counter_, other.counter_);
     std::swap(destroyCounter_, other.destroyCounter_);

@@ -16,9 +16,11 @@ class TESSELMXF_MODEL_API Visitable {
  public:
   virtual ~Visitable();
 
+  ///@{
   /// Calls the visitor's overload for the concrete class of this object.
   virtual void accept(NonConstVisitor& visitor) = 0;
   virtual void accept(Visitor& visitor) const = 0;
+  ///@}
 
   static void* operator new(std::size_t size);
   static void operator delete(void* block, std::size_t size) noexcept;

@@ -34,7 +34,9 @@ class TESSELMXF_MODEL_API Collection : public BaseType {
   const SimpleDataType& at(std::size_t position) const;
 
  protected:
+  /// @param elementSize  size in bytes of one item.
   explicit Collection(int elementSize) : elementSize_(elementSize) {}
+  /// Copies the items too.
   Collection(const Collection& other);
 
  private:
@@ -45,6 +47,7 @@ class TESSELMXF_MODEL_API Collection : public BaseType {
 /// Collection whose items are in a meaningful order.
 class TESSELMXF_MODEL_API Array : public Collection {
  public:
+  /// @param elementSize  size in bytes of one item.
   explicit Array(int elementSize) : Collection(elementSize) {}
   ~Array() override;
   void accept(Visitors::NonConstVisitor& visitor) override;
@@ -55,6 +58,7 @@ class TESSELMXF_MODEL_API Array : public Collection {
 /// Collection whose items are in no particular order; the order they were added in is kept all the same.
 class TESSELMXF_MODEL_API Batch : public Collection {
  public:
+  /// @param elementSize  size in bytes of one item.
   explicit Batch(int elementSize) : Collection(elementSize) {}
   ~Batch() override;
   void accept(Visitors::NonConstVisitor& visitor) override;

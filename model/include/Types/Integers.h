@@ -9,6 +9,7 @@ namespace MXF::Tessel::Types {
 template <class Number>
 class TESSELMXF_MODEL_API Integer : public SimpleDataType {
  public:
+  /// @param number  any of its type's numbers.
   explicit Integer(Number number) : wire_(number) {}
   Integer(const Integer&) = default;
   Integer& operator=(const Integer&) = default;
@@ -20,6 +21,7 @@ class TESSELMXF_MODEL_API Integer : public SimpleDataType {
   unsigned short serializedSize() const override { return sizeof(Number); }
   Templates::auto_ptr<SimpleDataType> clone() const override;
 
+  /// The number, in the order of bytes of this machine.
   Number value() const { return wire_.value(); }
 
  private:
@@ -38,6 +40,7 @@ extern template class Integer<unsigned long long>;
 /// A length in edit units; -1 where MXF gives "unknown" (SMPTE ST 377-1).
 class TESSELMXF_MODEL_API Length : public Int64 {
  public:
+  /// @param editUnits  -1 where the length is not known.
   explicit Length(const long long& editUnits) : Int64(editUnits) {}
   ~Length() override;
   void accept(Visitors::NonConstVisitor& visitor) override;
@@ -48,6 +51,7 @@ class TESSELMXF_MODEL_API Length : public Int64 {
 /// A position in edit units (SMPTE ST 377-1).
 class TESSELMXF_MODEL_API Position : public Int64 {
  public:
+  /// @param editUnits  may be negative.
   explicit Position(const long long& editUnits) : Int64(editUnits) {}
   ~Position() override;
   void accept(Visitors::NonConstVisitor& visitor) override;
@@ -58,6 +62,7 @@ class TESSELMXF_MODEL_API Position : public Int64 {
 /// True or false, one byte of 1 or 0.
 class TESSELMXF_MODEL_API Boolean : public SimpleDataType {
  public:
+  /// @param value  written as 1 or 0.
   explicit Boolean(bool value) : byte_(value ? 1 : 0) {}
   ~Boolean() override;
   void accept(Visitors::NonConstVisitor& visitor) override;
@@ -66,6 +71,7 @@ class TESSELMXF_MODEL_API Boolean : public SimpleDataType {
   unsigned short serializedSize() const override { return 1; }
   Templates::auto_ptr<SimpleDataType> clone() const override;
 
+  /// The truth value.
   bool value() const { return byte_ != 0; }
 
  private:

@@ -11,8 +11,9 @@ namespace MXF::Tessel::Types {
 /// Two-byte tag that stands for an element's label inside a local set (SMPTE ST 377-1, local tags).
 class TESSELMXF_MODEL_API LocalTag : public SimpleDataType {
  public:
-  /// @param text  not null: two bytes of hexadecimal digits joined by "." (3C.0A), four digits, or 0x and four digits;
-  ///              letters in either case.
+  /// @param text      not null: two bytes of hexadecimal digits joined by "." (3C.0A), four digits, or 0x and four
+  ///                  digits; letters in either case.
+  /// @param encoding  the form of the text.
   /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid local tag: " and the text.
   LocalTag(const wchar_t* text, StringRepresentationEncodingType encoding);
   LocalTag(const LocalTag&) = default;
@@ -30,8 +31,11 @@ class TESSELMXF_MODEL_API LocalTag : public SimpleDataType {
   /// Two bytes of two upper-case hexadecimal digits, joined by ".": 5 characters.
   virtual Templates::WideString toString(StringRepresentationEncodingType encoding) const;
 
+  ///@{
+  /// By the bytes, as unsigned numbers.
   friend bool operator<(const LocalTag& a, const LocalTag& b) { return a.bytes_ < b.bytes_; }
   friend bool operator==(const LocalTag& a, const LocalTag& b) { return a.bytes_ == b.bytes_; }
+  ///@}
 
  private:
   std::array<unsigned char, 2> bytes_{};

@@ -10,10 +10,12 @@ namespace MXF::Tessel::Types {
 /// Order and size of the components of a pixel: eight pairs of component code and depth (SMPTE ST 377-1, RGBALayout).
 class TESSELMXF_MODEL_API RGBALayout : public SimpleDataType {
  public:
+  /// One component of a pixel.
   struct RGBAComponent {
     unsigned char code;   ///< ISO 7-bit character of the component, such as 'R'; 0 for one that is not used.
     unsigned char depth;  ///< Bits, or one of the standard's values for other representations.
   };
+  /// Components of every layout, unused ones included.
   static constexpr unsigned int componentCount = 8;
 
   /// Eight components of code 0 and depth 0.

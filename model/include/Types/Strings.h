@@ -19,6 +19,7 @@ class TESSELMXF_MODEL_API ISO7String : public SimpleDataType {
   unsigned short serializedSize() const override { return propertyLength(text_.size()); }
   Templates::auto_ptr<SimpleDataType> clone() const override;
 
+  /// The text, zero-terminated; valid while this object lives and is not assigned to.
   const char* value() const { return text_.c_str(); }
 
  private:
@@ -38,6 +39,7 @@ class TESSELMXF_MODEL_API UTF16 : public SimpleDataType {
   unsigned short serializedSize() const override { return 2; }
   Templates::auto_ptr<SimpleDataType> clone() const override;
 
+  /// The code unit.
   wchar_t value() const { return static_cast<wchar_t>(wire_.value()); }
 
  private:

@@ -33,10 +33,12 @@ class TESSELMXF_MODEL_API UID : public SimpleDataType {
 /// The 16-byte SMPTE Universal Label of an element, or a label as a value (SMPTE ST 298, ST 336). Ordered by its bytes.
 class TESSELMXF_MODEL_API UniversalLabel : public UID {
  public:
+  /// The label as it stands in a file.
   using Bytes = KLV::Key::Bytes;
 
-  /// @param text  not null: 16 bytes of two hexadecimal digits, joined by ".", or urn:smpte:ul: and four groups of
-  ///              eight digits joined by "."; letters in either case.
+  /// @param text      not null: 16 bytes of two hexadecimal digits, joined by ".", or urn:smpte:ul: and four groups of
+  ///                  eight digits joined by "."; letters in either case.
+  /// @param encoding  the form of the text.
   /// @throws Exceptions::InvalidULDesignator  the text is anything else; the message is the text.
   UniversalLabel(const wchar_t* text, StringRepresentationEncodingType encoding);
   /// The label with the key's bytes.
@@ -52,6 +54,7 @@ class TESSELMXF_MODEL_API UniversalLabel : public UID {
   Templates::auto_ptr<SimpleDataType> clone() const override;
   unsigned short size() const override { return sizeof(bytes_); }
 
+  /// The 16 bytes; valid while this object lives.
   const Bytes& bytes() const { return bytes_; }
   /// The key with the label's bytes.
   KLV::Key key() const { return KLV::Key(bytes_); }
@@ -70,8 +73,9 @@ inline bool operator==(const UniversalLabel& a, const UniversalLabel& b) {
 /// A 16-byte UUID (RFC 4122), also the form of AUIDs and of instance identifiers.
 class TESSELMXF_MODEL_API UUID : public UID {
  public:
-  /// @param text  not null: 16 bytes joined by ".", or 8-4-4-4-12 digits, with or without urn:uuid: before them;
-  ///              letters in either case.
+  /// @param text      not null: 16 bytes joined by ".", or 8-4-4-4-12 digits, with or without urn:uuid: before them;
+  ///                  letters in either case.
+  /// @param encoding  the form of the text.
   /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid UUID: " and the text.
   UUID(const wchar_t* text, StringRepresentationEncodingType encoding);
   ~UUID() override;
@@ -89,8 +93,9 @@ class TESSELMXF_MODEL_API UUID : public UID {
 template <unsigned short byteCount>
 class TESSELMXF_MODEL_API UMID : public UID {
  public:
-  /// @param text  not null: the bytes joined by ".", or all their digits, with or without 0x before them; letters in
-  ///              either case.
+  /// @param text      not null: the bytes joined by ".", or all their digits, with or without 0x before them; letters
+  ///                  in either case.
+  /// @param encoding  the form of the text.
   /// @throws Exceptions::InvalidValue  the text is anything else: "Invalid UMID: " and the text.
   UMID(const wchar_t* text, StringRepresentationEncodingType encoding);
   UMID(const UMID&) = default;

@@ -12,9 +12,12 @@ namespace MXF::Tessel::Types {
 template <class Number>
 class BigEndian {
  public:
+  /// @param number  kept as its bytes.
   explicit BigEndian(Number number) { store(bytes_.data(), number); }
 
+  /// The number, in the order of bytes of this machine.
   Number value() const { return load(bytes_.data()); }
+  /// The sizeof(Number) bytes, the most significant first; valid while this object lives and is not assigned to.
   const unsigned char* bytes() const { return bytes_.data(); }
 
   /// Writes the number's sizeof(Number) bytes, the most significant first.
@@ -23,6 +26,7 @@ class BigEndian {
     auto rest = static_cast<unsigned long long>(static_cast<std::make_unsigned_t<Number>>(number));
     for (std::size_t i = sizeof(Number); i-- > 0; rest >>= 8U) bytes[i] = static_cast<unsigned char>(rest & 0xFFU);
   }
+  /// The reverse of store().
   static Number load(const unsigned char* bytes) {
     unsigned long long number = 0;
     for (std::size_t i = 0; i < sizeof(Number); ++i) number = number << 8U | bytes[i];

@@ -9,8 +9,8 @@ namespace MXF::Tessel::Utils {
 
 /// A named bound on what a document may ask for.
 struct Limit {
-  std::size_t count;
-  const wchar_t* unit;
+  std::size_t count;    ///< The most there may be.
+  const wchar_t* unit;  ///< Of what, in the plural.
 };
 
 /// What an exception says when the limit is exceeded: "Limit exceeded: more than COUNT UNIT".

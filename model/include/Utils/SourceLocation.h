@@ -12,11 +12,14 @@ namespace MXF::Tessel::Utils {
 /// A place in a file: where something was declared, or where a fault is. Copies share the path.
 class TESSELMXF_MODEL_API SourceLocation {
  public:
+  /// One text for all places in a file.
   using Path = std::shared_ptr<const Templates::WideString>;
 
   /// No place: what was not made from a file.
   SourceLocation() = default;
-  /// @param path  shared with all other places in the same file; not null.
+  /// @param path    shared with all other places in the same file; not null.
+  /// @param line    counted from 1.
+  /// @param column  counted from 1, in UTF-16 code units of the line.
   SourceLocation(Path path, std::uint32_t line, std::uint32_t column)
       : path_(std::move(path)), line_(line), column_(column) {}
 

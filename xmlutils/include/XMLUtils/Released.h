@@ -4,7 +4,9 @@
 
 namespace MXF::Tessel::XMLUtils {
 
+/// Gives an object back with its release().
 struct Release {
+  /// @param object  not null, and not used afterwards.
   template <class T>
   void operator()(T* object) const {
     object->release();

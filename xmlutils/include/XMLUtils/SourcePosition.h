@@ -10,8 +10,8 @@ namespace MXF::Tessel::XMLUtils {
 
 /// A place in a document, line and column counted from 1 as parsers report them; 0 where it is not known.
 struct SourcePosition {
-  std::uint32_t line = 0;
-  std::uint32_t column = 0;
+  std::uint32_t line = 0;    ///< From 1.
+  std::uint32_t column = 0;  ///< From 1, in UTF-16 code units of the line.
 };
 
 /// Where the start tag of an element begins. An element that comes from an entity begins where the document refers to

@@ -14,6 +14,7 @@
 /// The exceptions of Xerces-C and XQilla as texts, and as the library's own ParseError.
 namespace MXF::Tessel::XMLUtils {
 
+///@{
 /// The class, ": " and the exception's text. The class is the one of the parameter, not the object's most derived one;
 /// it is written "XQillaException:", "XQException:" or "DOMException:" (with a colon of its own, and the code in
 /// parentheses after the text of the last one), and by its qualified name for the other three.
@@ -23,6 +24,7 @@ TESSELMXF_XMLUTILS_API Templates::WideString describe(const xercesc::DOMExceptio
 TESSELMXF_XMLUTILS_API Templates::WideString describe(const xercesc::UTFDataFormatException& e);
 TESSELMXF_XMLUTILS_API Templates::WideString describe(const xercesc::SAXException& e);
 TESSELMXF_XMLUTILS_API Templates::WideString describe(const xercesc::XMLException& e);
+///@}
 
 /// @throws Exceptions::ParseError  always, with describe(e) as its message.
 template <class E>

@@ -12,7 +12,9 @@ template <class T>
 class GetMetaElementVisitor : public NullMetaElementVisitor {
  public:
   using NullMetaElementVisitor::visit;
+  /// Captures the element.
   void visit(const T& element) override { element_ = &element; }
+  /// The element captured last, or null.
   virtual const T* get() { return element_; }
 
  private:
@@ -24,7 +26,9 @@ template <class T>
 class GetNonConstMetaElementVisitor : public NullNonConstMetaElementVisitor {
  public:
   using NullNonConstMetaElementVisitor::visit;
+  /// Captures the element.
   void visit(T& element) override { element_ = &element; }
+  /// The element captured last, or null.
   virtual T* get() { return element_; }
 
  private:

@@ -20,6 +20,8 @@ namespace Visitors {
 class TESSELMXF_MODEL_API MetaElementVisitor {
  public:
   virtual ~MetaElementVisitor();
+  ///@{
+  /// Called by the element's accept(); the element is borrowed for the call.
   virtual void visit(const MetaCollectionElement& element) = 0;
   virtual void visit(const MetaReferenceHolder& facet) = 0;
   virtual void visit(const MetaValueHolder& facet) = 0;
@@ -27,12 +29,15 @@ class TESSELMXF_MODEL_API MetaElementVisitor {
   virtual void visit(const MetaReferenceElement& element) = 0;
   virtual void visit(const MetaCollection& element) = 0;
   virtual void visit(const MetaSimpleElement& element) = 0;
+  ///@}
 };
 
 /// The same for elements that the visitor may change.
 class TESSELMXF_MODEL_API NonConstMetaElementVisitor {
  public:
   virtual ~NonConstMetaElementVisitor();
+  ///@{
+  /// Called by the element's accept(); the element is borrowed for the call.
   virtual void visit(MetaCollectionElement& element) = 0;
   virtual void visit(MetaReferenceHolder& facet) = 0;
   virtual void visit(MetaValueHolder& facet) = 0;
@@ -40,6 +45,7 @@ class TESSELMXF_MODEL_API NonConstMetaElementVisitor {
   virtual void visit(MetaReferenceElement& element) = 0;
   virtual void visit(MetaCollection& element) = 0;
   virtual void visit(MetaSimpleElement& element) = 0;
+  ///@}
 };
 
 }  // namespace Visitors

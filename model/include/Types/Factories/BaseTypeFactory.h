@@ -7,14 +7,15 @@ namespace MXF::Tessel::Types::Factories {
 
 /// What the model knows of a data type.
 struct DataTypeInfo {
-  Identifiers::Identifier identifier;
-  const wchar_t* name;  ///< The model's own name of the type; valid for ever.
+  Identifiers::Identifier identifier;  ///< Its number.
+  const wchar_t* name;                 ///< The model's own name of the type; valid for ever.
 };
 
 /// Tells which data types the model supports. One object serves the whole process; it never changes, so any number of
 /// threads may ask it at once.
 class TESSELMXF_MODEL_API BaseTypeFactory {
  public:
+  /// The one object of the process.
   static BaseTypeFactory& instance();
 
   /// The type of a value, an item or a reference: every data type but the collection kinds and Identifier::Unknown.

@@ -40,6 +40,8 @@ class TESSELMXF_MODEL_API Visitor {
  public:
   virtual ~Visitor();
 
+  ///@{
+  /// Called by the value's accept(); the value is borrowed for the call.
   virtual void visit(const Array& value) = 0;
   virtual void visit(const Batch& value) = 0;
   virtual void visit(const Boolean& value) = 0;
@@ -63,6 +65,7 @@ class TESSELMXF_MODEL_API Visitor {
   virtual void visit(const UUID& value) = 0;
   virtual void visit(const UMID32& value) = 0;
   virtual void visit(const UMID64& value) = 0;
+  ///@}
 };
 
 /// The same for a host that changes values in place.
@@ -70,6 +73,8 @@ class TESSELMXF_MODEL_API NonConstVisitor {
  public:
   virtual ~NonConstVisitor();
 
+  ///@{
+  /// Called by the value's accept(); the value is borrowed for the call.
   virtual void visit(Array& value) = 0;
   virtual void visit(Batch& value) = 0;
   virtual void visit(Boolean& value) = 0;
@@ -93,6 +98,7 @@ class TESSELMXF_MODEL_API NonConstVisitor {
   virtual void visit(UUID& value) = 0;
   virtual void visit(UMID32& value) = 0;
   virtual void visit(UMID64& value) = 0;
+  ///@}
 };
 
 }  // namespace Visitors
