@@ -6,9 +6,10 @@ namespace MXF::Tessel::Tool {
 enum class ExitStatus : int {
   Success = 0,
   /// A file failed to load or is not what it was given as, what was asked for is not there, or the output could not be
-  /// written.
+  /// written. Of diff: something breaks.
   Failure = 1,
-  WrongUsage = 2  ///< The command line could not be understood; nothing was loaded.
+  /// The command line could not be understood; nothing was loaded. Of diff also: there is no result.
+  WrongUsage = 2
 };
 
 }  // namespace MXF::Tessel::Tool

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "diff/ChangeKinds.h"
+#include "diff/DictionaryDump.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace MXF::Tessel::Tool {
+
+/// An element or set that a change is about.
+struct Subject {
+  std::string id;    ///< Label or key.
+  std::string name;  ///< Registry name, the old one if there is one; may be empty.
+};
+
+/// One difference. It is about an element, about a set, or, with both, about an attribute.
+struct Change {
+  ChangeKind kind;
+  std::optional<Subject> element;
+  std::optional<Subject> set;
+  Json before;  ///< A text, a distinguished value as in a dump, or null.
+  Json after;   ///< The same.
+  /// Position of the change of another element or set that tells the same already: of an attribute that is inherited,
+  /// that of the set that declares it.
+  std::optional<std::size_t> sameAs;
+};
+
+/// What a change is told below: its set if there is one, else its element.
+inline const Subject& subjectOf(const Change& change) {
+  return change.set ? *change.set : *change.element;
+}
+
+/// All differences between two dumps: those of elements in label order, then those of sets in key order. For each the
+/// order is that of the change kinds, except that attributes come one by one in the old order, then the new ones.
+std::vector<Change> compareDictionaries(const DictionaryDump& before, const DictionaryDump& after);
+
+struct ChangeCounts {
+  std::size_t breaking = 0;
+  std::size_t compatible = 0;
+};
+
+/// How many changes there are, those left out that another one tells.
+ChangeCounts countChanges(const std::vector<Change>& changes);
+
+/// What may make a comparison mean something else than its reader thinks, such as dumps with different options.
+/// Lines "PATH: warning: ...".
+std::vector<std::string> comparisonWarnings(const DictionaryDump& before, const DictionaryDump& after);
+
+}  // namespace MXF::Tessel::Tool
