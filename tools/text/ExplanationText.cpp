@@ -2,17 +2,16 @@
 
 #include "text/ExplanationText.h"
 
+#include "analysis/OwnUses.h"
 #include "analysis/PendingReferences.h"
+#include "text/AttributeText.h"
 #include "text/ElementText.h"
 #include "text/TextLayout.h"
 #include "text/TextTable.h"
 #include "text/Unicode.h"
-#include "text/ValueText.h"
 
-#include <MetaMetadata/AttributeRequiredStatus.h>
 #include <MetaMetadata/PropertyKeys.h>
 
-#include <map>
 #include <utility>
 
 namespace MXF::Tessel::Tool {
@@ -63,35 +62,22 @@ void appendOrigin(std::string& page, const PropertyMap& map) {
   appendFact(page, U"Declared at", printable(map.origin().toString()));
 }
 
-std::u32string tagText(const MetaAttribute& attribute) {
-  return attribute.localTag() == nullptr ? U"-" : printable(attribute.localTag()->toString(textForm));
-}
-
-std::u32string statusText(const MetaAttribute& attribute) {
-  return printable(MetaMetadata::AttributeRequiredStatus::instance().toString(attribute.requiredStatus()));
-}
-
-std::u32string distinguishedText(const MetaAttribute& attribute) {
-  return attribute.distinguishedValue() == nullptr ? std::u32string() : valueText(*attribute.distinguishedValue());
+std::u32string tagOrDash(const MetaAttribute& attribute) {
+  const std::u32string tag = tagText(attribute);
+  return tag.empty() ? U"-" : tag;
 }
 
 void appendUses(std::string& page, const DictionaryIndex& index, const MetaElement& element) {
   TextTable table({{U"Set", true}, {U"Tag"}, {U"Status"}, {U"Value", true}});
-  std::size_t uses = 0;
-  std::map<const MetaMetadataSet*, DictionaryIndex::Sets> heirs;
-  for (const DictionaryIndex::Use& use : index.usesOf(element)) {
-    if (use.isInherited) heirs[&index.declaringSet(*use.set, use.attribute)].push_back(use.set);
-  }
-  for (const DictionaryIndex::Use& use : index.usesOf(element)) {
-    if (use.isInherited) continue;
-    const MetaAttribute& attribute = *use.set->metaAttributes()[use.attribute];
+  const std::vector<OwnUse> uses = ownUsesOf(index, element);
+  for (const OwnUse& use : uses) {
     std::vector<std::u32string> notes;
-    const DictionaryIndex::Sets& inheriting = heirs[use.set];
-    if (!inheriting.empty()) notes.push_back(U"inherited by " + namesOf(inheriting));
-    table.addRow({titleOf(*use.set), tagText(attribute), statusText(attribute), distinguishedText(attribute)}, notes);
-    ++uses;
+    if (!use.heirs.empty()) notes.push_back(U"inherited by " + namesOf(use.heirs));
+    table.addRow(
+        {titleOf(*use.set), tagOrDash(*use.attribute), statusText(*use.attribute), distinguishedText(*use.attribute)},
+        notes);
   }
-  appendHeading(page, U"Used by sets", uses);
+  appendHeading(page, U"Used by sets", uses.size());
   table.appendTo(page);
 }
 
@@ -143,22 +129,14 @@ void appendAttributes(std::string& page, const DictionaryIndex& index, const Met
   const std::size_t end = own ? attributes.size() : inherited;
   for (std::size_t i = first; i < end; ++i) {
     const MetaElement& element = attributes[i]->metaElement();
-    std::vector<std::u32string> cells{tagText(*attributes[i]), nameText(element), typeText(element, index.dictionary()),
-                                      statusText(*attributes[i]), distinguishedText(*attributes[i])};
+    std::vector<std::u32string> cells{tagOrDash(*attributes[i]), nameText(element),
+                                      typeText(element, index.dictionary()), statusText(*attributes[i]),
+                                      distinguishedText(*attributes[i])};
     if (!own) cells.push_back(nameText(index.declaringSet(set, i)));
     table.addRow(std::move(cells));
   }
   appendHeading(page, own ? U"Own attributes" : U"Inherited attributes", end - first);
   table.appendTo(page);
-}
-
-/// The sets of which the element is an attribute of their own.
-DictionaryIndex::Sets holdersOf(const DictionaryIndex& index, const MetaElement& element) {
-  DictionaryIndex::Sets holders;
-  for (const DictionaryIndex::Use& use : index.usesOf(element)) {
-    if (!use.isInherited) holders.push_back(use.set);
-  }
-  return holders;
 }
 
 void appendReferences(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set) {
