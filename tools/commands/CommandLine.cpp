@@ -7,6 +7,7 @@
 #include "commands/DumpCommand.h"
 #include "commands/ExplainCommand.h"
 #include "commands/GraphCommand.h"
+#include "commands/ReportCommand.h"
 #include "commands/WrongUsage.h"
 #include "output/StandardStreams.h"
 
@@ -20,7 +21,7 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
-constexpr DeclareSubcommand subcommands[] = {declareDump, declareExplain, declareGraph, declareDiff};
+constexpr DeclareSubcommand subcommands[] = {declareDump, declareExplain, declareGraph, declareReport, declareDiff};
 
 constexpr const char* description = "Reads MXF meta-dictionaries from annotated XML Schema documents (SMPTE ST 434).";
 constexpr const char* footer =

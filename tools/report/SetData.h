@@ -1,0 +1,11 @@
+#pragma once
+
+#include "analysis/DictionaryIndex.h"
+#include "report/TemplateData.h"
+
+namespace MXF::Tessel::Tool {
+
+/// What the template of a set is filled with.
+TemplateData setData(const DictionaryIndex& index, const MetaMetadata::MetaMetadataSet& set);
+
+}  // namespace MXF::Tessel::Tool
