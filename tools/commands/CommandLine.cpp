@@ -3,6 +3,7 @@
 
 #include "commands/CommandLine.h"
 
+#include "commands/CheckCommand.h"
 #include "commands/DiffCommand.h"
 #include "commands/DumpCommand.h"
 #include "commands/ExplainCommand.h"
@@ -21,13 +22,14 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
-constexpr DeclareSubcommand subcommands[] = {declareDump, declareExplain, declareGraph, declareReport, declareDiff};
+constexpr DeclareSubcommand subcommands[] = {declareDump,  declareCheck,  declareExplain,
+                                             declareGraph, declareReport, declareDiff};
 
 constexpr const char* description = "Reads MXF meta-dictionaries from annotated XML Schema documents (SMPTE ST 434).";
 constexpr const char* footer =
-    "Exit status: 0 on success; 1 when a file failed to load or is not what it was given as, when what\n"
-    "was asked for is not there, or when the output could not be written; 2 for wrong usage. Of diff:\n"
-    "1 when a change breaks, 2 when there is no result.\n"
+    "Exit status: 0 on success; 1 when a file failed to load or is not what it was given as, when a check\n"
+    "found errors, when what was asked for is not there, or when the output could not be written; 2 for\n"
+    "wrong usage. Of diff: 1 when a change breaks, 2 when there is no result.\n"
     "\n"
     "Examples:\n"
     "  mxf-metadict dump --multiplex multiplex.xsd --dictionary dictionary.xsd\n"

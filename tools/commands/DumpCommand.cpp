@@ -43,6 +43,7 @@ void declareDump(CLI::App& tool, Action& action) {
   const auto request = std::make_shared<DumpRequest>();
   CLI::App& dump = declareSubcommand(tool, help, {Formats::text, Formats::json}, request->output);
   declareFileOptions(dump, request->load);
+  declareKeepGoing(dump, request->load);
   declareContentOptions(dump, request->load);
   dump.callback([request, &action] {
     requireSchemas(request->load);

@@ -54,6 +54,7 @@ void declareExplain(CLI::App& tool, Action& action) {
   CLI::App& explain = declareSubcommand(tool, help, {Formats::text, Formats::json}, request->output);
   explain.add_option("WHAT", request->question, "Label, key, local tag or name to explain")->required()->type_name("");
   declareFileOptions(explain, request->load);
+  declareKeepGoing(explain, request->load);
   explain.callback([request, &action] {
     requireSchemas(request->load);
     action = [request] { return runExplain(*request); };

@@ -97,6 +97,7 @@ void declareGraph(CLI::App& tool, Action& action) {
       ->type_name(std::string(inheritanceOnly) + "|" + referencesOnly)
       ->check(CLI::IsMember({inheritanceOnly, referencesOnly}).description(""));
   declareFileOptions(graph, options->load);
+  declareKeepGoing(graph, options->load);
   graph.callback([options, depth, &action] {
     if (depth->count() > 0 && !options->set) throw CLI::RequiresError("--depth", "--set");
     requireSchemas(options->load);

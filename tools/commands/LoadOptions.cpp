@@ -36,6 +36,9 @@ void declareFileOptions(CLI::App& subcommand, LoadRequest& request) {
       ->group(schemaGroup);
   declareSchemaOption(subcommand, request, FileKind::Dictionary, "Schema of elements; may be given many times");
   declareSchemaOption(subcommand, request, FileKind::Scheme, "Schema of sets; may be given many times");
+}
+
+void declareKeepGoing(CLI::App& subcommand, LoadRequest& request) {
   declareSwitch(subcommand, "--keep-going", request.keepGoing, "Load the remaining files after one has failed");
 }
 

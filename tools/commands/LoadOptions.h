@@ -6,9 +6,13 @@
 
 namespace MXF::Tessel::Tool {
 
-/// Declares the options that name the schemas to load, and whether to go on after a failure.
+/// Declares the options that name the schemas to load.
 /// @param request  filled while the command line is read; outlives the subcommand.
 void declareFileOptions(CLI::App& subcommand, LoadRequest& request);
+
+/// Declares the option to go on after a failure, for a subcommand that does not do so anyway.
+/// @param request  filled while the command line is read; outlives the subcommand.
+void declareKeepGoing(CLI::App& subcommand, LoadRequest& request);
 
 /// Declares the options that say what to take from the schemas, for a subcommand that does not decide that itself.
 /// @param request  filled while the command line is read; outlives the subcommand.

@@ -57,7 +57,7 @@ Advice adviceOnFlavour(const SchemaFile& file, const Flavour& used, const Flavou
 
 }  // namespace
 
-Advice adviceOnNothing(const SchemaFile& file, const Templates::WideString& flavour) {
+Advice adviceOnNothing(const SchemaFile& file, const Templates::WideString& flavour, bool triedAbstractGroups) {
   const SchemaContents contents = schemaContents(file.path).value_or(SchemaContents());
   const Flavour urn = {"URN", urnMultiplexNamespace, contents.urn};
   const Flavour registry = {"registry", registryMultiplexNamespace, contents.registry};
@@ -68,7 +68,11 @@ Advice adviceOnNothing(const SchemaFile& file, const Templates::WideString& flav
   const FileKind otherKind = file.kind == FileKind::Dictionary ? FileKind::Scheme : FileKind::Dictionary;
   const std::size_t ofOtherKind = declaredAs(otherKind, urn.declared) + declaredAs(otherKind, registry.declared);
   const std::string nothing = std::string("declares no ") + nounOf(file.kind) + "s";
-  if (declaredAs(file.kind, used.declared) > 0) return {"declares abstract groups only: add --abstract-groups", false};
+  if (declaredAs(file.kind, used.declared) > 0) {
+    return {triedAbstractGroups ? "declares abstract groups only, and not all of them have keys"
+                                : "declares abstract groups only: add --abstract-groups",
+            false};
+  }
   if (declaredAs(file.kind, other.declared) > 0) return adviceOnFlavour(file, used, other);
   if (ofOtherKind > 0) {
     return {

@@ -11,7 +11,8 @@ namespace MXF::Tessel::Tool {
 std::optional<Advice> adviceOnFailure(const LoadRecord& record, const LoadOutcome& outcome);
 
 /// Why a load added nothing to the dictionary, and what to do.
-/// @param flavour  multiplex namespace of the flavour in use.
-Advice adviceOnNothing(const SchemaFile& file, const Templates::WideString& flavour);
+/// @param flavour              multiplex namespace of the flavour in use.
+/// @param triedAbstractGroups  the load with abstract groups failed.
+Advice adviceOnNothing(const SchemaFile& file, const Templates::WideString& flavour, bool triedAbstractGroups);
 
 }  // namespace MXF::Tessel::Tool

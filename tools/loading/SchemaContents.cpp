@@ -3,19 +3,14 @@
 
 #include "loading/SchemaContents.h"
 
-#include "loading/Failure.h"
+#include "loading/SchemaDocument.h"
 
 #include <Utils/TextConversion.h>
-#include <XMLUtils/DocumentLoading.h>
-#include <XMLUtils/Initializer.h>
 #include <XMLUtils/TextConversion.h>
 
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/dom/DOMImplementation.hpp>
-#include <xercesc/dom/DOMLSParser.hpp>
 
-#include <memory>
 #include <string_view>
 
 namespace MXF::Tessel::Tool {
@@ -29,11 +24,6 @@ constexpr std::u16string_view urnLabel = u"urn:SMPTE:MXF:XMLInterface:Dictionary
 constexpr std::u16string_view urnKey = u"urn:SMPTE:MXF:XMLInterface:Groups:Key";
 constexpr std::u16string_view registryLabel = u"http://www.smpte-ra.org/schemas/434/Dictionary/ElementUL";
 constexpr std::u16string_view registryKey = u"http://www.smpte-ra.org/schemas/434/Groups/Key";
-
-struct ParserRelease {
-  void operator()(xercesc::DOMLSParser* parser) const { parser->release(); }
-};
-using Parser = std::unique_ptr<xercesc::DOMLSParser, ParserRelease>;
 
 bool isNamed(const DOMElement& element, std::u16string_view localName) {
   const XMLCh* name = element.getLocalName();
@@ -74,16 +64,9 @@ SchemaContents contentsOf(const DOMElement& schema) {
 
 std::optional<SchemaContents> schemaContents(const std::string& path) {
   std::optional<SchemaContents> contents;
-  // A failure is the loader's to tell; here it only means that there is nothing to see.
-  static_cast<void>(failureOf([&] {
-    xercesc::DOMImplementation& implementation = XMLUtils::Initializer::instance().domImplementation();
-    const Parser parser(implementation.createLSParser(xercesc::DOMImplementationLS::MODE_SYNCHRONOUS, nullptr));
-    const WideString widePath = Utils::stringToWstring(path.c_str());
-    const xercesc::DOMDocument* document = XMLUtils::loadDocumentFromFile(widePath.c_str(), *parser);
-    if (document != nullptr && document->getDocumentElement() != nullptr) {
-      contents.emplace(contentsOf(*document->getDocumentElement()));
-    }
-  }));
+  lookInto(Utils::stringToWstring(path.c_str()), [&](const xercesc::DOMDocument& document) {
+    if (document.getDocumentElement() != nullptr) contents.emplace(contentsOf(*document.getDocumentElement()));
+  });
   return contents;
 }
 

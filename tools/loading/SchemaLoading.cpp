@@ -58,7 +58,7 @@ LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, co
   if (record.failure) {
     record.advice = adviceOnFailure(record, outcome);
   } else if (file.kind != FileKind::Multiplex && countDeclared(file.kind, outcome.dictionary) == before) {
-    record.advice = adviceOnNothing(file, loader.getTargetNamespace());
+    record.advice = adviceOnNothing(file, loader.getTargetNamespace(), request.abstractGroupsIfPossible);
   }
   return record;
 }

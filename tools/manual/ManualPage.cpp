@@ -96,11 +96,17 @@ std::string synopsis(const CLI::App& tool, const CLI::App& subcommand) {
   return line + " [" + italic("option") + " ...]\n";
 }
 
+/// A paragraph with indented lines is a list, and keeps its lines.
+void writeParagraph(std::ostream& page, const std::string& paragraph) {
+  const bool isList = paragraph.find("\n  ") != std::string::npos;
+  page << (isList ? ".PP\n.nf\n" : ".PP\n") << escaped(paragraph) << (isList ? "\n.fi\n" : "\n");
+}
+
 void writeSubcommand(std::ostream& page, const CLI::App& tool, const CLI::App& subcommand) {
   const Footer footer = footerOf(subcommand);
   page << ".SS " << escaped(subcommand.get_name()) << '\n' << synopsis(tool, subcommand);
   page << ".PP\n" << escaped(subcommand.get_description()) << '\n';
-  for (const std::string& paragraph : footer.paragraphs) page << ".PP\n" << escaped(paragraph) << '\n';
+  for (const std::string& paragraph : footer.paragraphs) writeParagraph(page, paragraph);
   writeOptions(page, subcommand);
   page << ".PP\nExamples:\n";
   writeExamples(page, footer.examples);

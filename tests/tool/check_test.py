@@ -1,0 +1,206 @@
+"""The subcommand check: what it finds, what it says of it, and the forms in which it does."""
+import json
+import re
+import unittest
+
+import jsonschema
+
+from json_test import shipped_files
+from support import (REGISTRY_MULTIPLEX, SOURCE, ToolTest, attribute, dictionary, element, group, key, label, multiplex,
+                     reference, scheme)
+
+SCHEMA = json.loads((SOURCE / "docs/check.schema.json").read_text(encoding="utf-8"))
+TEXT = {"type": "object", "required": ["text"], "properties": {"text": {"type": "string", "minLength": 1}}}
+LOCATION = {
+    "type": "object", "required": ["physicalLocation"],
+    "properties": {
+        "id": {"type": "integer", "minimum": 0}, "message": TEXT,
+        "physicalLocation": {
+            "type": "object", "required": ["artifactLocation"], "additionalProperties": False,
+            "properties": {
+                "artifactLocation": {"type": "object", "required": ["uri"], "additionalProperties": False,
+                                     "properties": {"uri": {"pattern": "^([A-Za-z0-9._~/!$&'()*+,;=@-]|%[0-9A-F]{2})+$"}}},
+                "region": {"type": "object", "required": ["startLine", "startColumn"], "additionalProperties": False,
+                           "properties": {"startLine": {"type": "integer", "minimum": 1},
+                                          "startColumn": {"type": "integer", "minimum": 1}}}}}},
+    "additionalProperties": False}
+# What the standard demands of the members that are written.
+SARIF = {
+    "type": "object", "required": ["version", "runs"], "additionalProperties": False,
+    "properties": {
+        "$schema": {"type": "string"}, "version": {"const": "2.1.0"},
+        "runs": {"type": "array", "minItems": 1, "items": {
+            "type": "object", "required": ["tool", "results"], "additionalProperties": False,
+            "properties": {
+                "columnKind": {"enum": ["utf16CodeUnits", "unicodeCodePoints"]},
+                "tool": {"type": "object", "required": ["driver"], "properties": {"driver": {
+                    "type": "object", "required": ["name", "version", "rules"], "additionalProperties": False,
+                    "properties": {"name": {"type": "string"}, "version": {"type": "string"}, "rules": {
+                        "type": "array", "uniqueItems": True, "items": {
+                            "type": "object", "required": ["id", "shortDescription", "help", "defaultConfiguration"],
+                            "additionalProperties": False,
+                            "properties": {"id": {"type": "string"}, "shortDescription": TEXT, "fullDescription": TEXT,
+                                           "help": TEXT, "defaultConfiguration": {
+                                               "properties": {"level": {"enum": ["error", "warning", "note"]}}}}}}}}}},
+                "results": {"type": "array", "items": {
+                    "type": "object", "required": ["ruleId", "ruleIndex", "level", "message", "locations"],
+                    "additionalProperties": False,
+                    "properties": {
+                        "ruleId": {"type": "string"}, "ruleIndex": {"type": "integer", "minimum": 0},
+                        "level": {"enum": ["error", "warning", "note"]}, "message": TEXT,
+                        "locations": {"type": "array", "minItems": 1, "items": LOCATION},
+                        "relatedLocations": {"type": "array", "minItems": 1, "items": LOCATION}}}}}}}}}
+
+
+def schema_arguments(files):
+    return [part for name in files for part in ("--dictionary" if name.startswith("d") else "--scheme", name)]
+
+
+class Check(ToolTest):
+    def findings(self, *names, options=()):
+        _, output, errors = self.run_tool("check", *schema_arguments(names), "--format", "json", *options)
+        self.assertEqual(errors, b"")
+        result = json.loads(output)
+        jsonschema.Draft202012Validator(SCHEMA).validate(result)
+        return result["findings"]
+
+    def place(self, name, text):
+        before = (self.folder / name).read_text(encoding="utf-8").partition(text)[0]
+        return {"path": name, "line": before.count("\n") + 1, "column": len(before) - (before.rfind("\n") + 1) + 1}
+
+    def test_both_places_of_clashes(self):
+        versions = element(9, "Old", name="Same") + "\n" + element(9, "New", name="Same").replace(
+            label(9), label(9).replace("34.01.01.01.01", "34.01.01.01.02"))
+        self.write("d1.xsd", dictionary(element(1, "A", name="First"), "\n", versions))
+        self.write("d2.xsd", dictionary("\n\n", element(2, "A", name="Second"), element(3, "C")))
+        self.write("s1.xsd", scheme(group(7, "G", attribute("New", tag_text="80.01"), name="Sets")))
+        self.write("s2.xsd", scheme("\n", group(8, "H", attribute("Old", tag_text="80.01"),
+                                                attribute("C", tag_text="80.02"), name="Sets"),
+                                    "\n\n", group(9, "G", attribute("C", tag_text="80.03"))
+                                    .replace(key(9), key(7).replace("53.01.01", "53.01.02"))))
+        clashes = [(finding["rule"], finding["place"], [other["place"] for other in finding["related"]])
+                   for finding in self.findings("d1.xsd", "d2.xsd", "s1.xsd", "s2.xsd") if finding["related"]]
+        a1, old, new, a2, g1, h, g2 = (self.place(*where) for where in (
+            ("d1.xsd", '<xs:element name="A"'), ("d1.xsd", '<xs:element name="Old"'),
+            ("d1.xsd", '<xs:element name="New"'), ("d2.xsd", '<xs:element name="A"'),
+            ("s1.xsd", '<xs:element name="G"'), ("s2.xsd", '<xs:element name="H"'),
+            ("s2.xsd", '<xs:element name="G"')))
+        self.assertEqual(clashes, [
+            ("shared-xml-name", a2, [a1]), ("shared-xml-name", g2, [g1]),
+            ("shared-local-tag", self.place("s2.xsd", '<xs:element ref="e:Old"'),
+             [self.place("s1.xsd", '<xs:element ref="e:New"')]),
+            ("many-local-tags", self.place("s2.xsd", '<xs:element ref="e:C"><xs:annotation><xs:appinfo source="urn:SMPTE:'
+                                           'MXF:XMLInterface:Groups:MetadataElementRequiredStatus">Req</xs:appinfo>'
+                                           '<xs:appinfo source="urn:SMPTE:MXF:XMLInterface:Groups:LocalTag">80.03'),
+             [self.place("s2.xsd", '<xs:element ref="e:C"')]),
+            ("other-version", new, [old]), ("other-version", g2, [g1]),
+            ("repeated-name", new, [old]), ("repeated-name", h, [g1])])
+
+    def test_failures_to_load(self):
+        self.write("d1.xsd", dictionary("\n", element(1, "A")))
+        self.write("d2.xsd", dictionary("\n\n", element(1, "B")))
+        self.write("d3.xsd", "<a>\n</b>")
+        self.write("d4.xsd", dictionary(element(4, "D")))
+        self.write("s1.xsd", scheme(group(1, "G", attribute("D"))))
+        self.write("s2.xsd", scheme(group(1, "G", attribute("D"))))
+        found = self.findings("d1.xsd", "d1.xsd", "d2.xsd", "d3.xsd", "d4.xsd", "s1.xsd", "dx.xsd", "s2.xsd")
+        self.assertEqual((found[0]["related"], found[0]["remedy"][:9]), ([], "Leave one"))
+        del found[0]
+        self.assertEqual([finding["rule"] for finding in found], ["load-failed"] * 4)  # and not that A is unused
+        self.assertEqual([finding["place"] for finding in found], [
+            self.place("d2.xsd", "<xs:element"), {"path": "d3.xsd", "line": 2, "column": 3},
+            {"path": "dx.xsd", "line": None, "column": None}, self.place("s2.xsd", "<xs:element")])
+        self.assertEqual([other["place"] for other in found[0]["related"] + found[3]["related"]],
+                         [self.place("d1.xsd", "<xs:element"), self.place("s1.xsd", "<xs:element")])
+        self.assertIn(label(1), found[0]["message"])
+        self.assertNotIn("d3.xsd", found[1]["message"])
+
+    def test_what_a_failed_load_leads_to(self):
+        self.write("d1.xsd", dictionary(element(1, "A", "NoType")))
+        self.write("d2.xsd", dictionary(element(2, "B")))
+        self.write("s.xsd", scheme(group(1, "G", attribute("A"))))
+        remedies = [finding["remedy"] for finding in self.findings("d1.xsd", "s.xsd", "d2.xsd")]
+        self.assertEqual([remedy.startswith("First correct") for remedy in remedies], [False, True])
+        remedies = [finding["remedy"] for finding in self.findings("s.xsd", "d2.xsd")]
+        self.assertEqual([remedy.startswith("What may be wrong: groups refer") for remedy in remedies], [True])
+
+    def test_a_reference_that_comes_after_its_set(self):
+        self.write("d1.xsd", dictionary(element(1, "A")))
+        self.write("d2.xsd", dictionary(reference(2, "R", "G", "None")))
+        self.write("s.xsd", scheme(group(1, "G", attribute("A"))))
+        found = [finding for finding in self.findings("d1.xsd", "s.xsd", "d2.xsd")
+                 if finding["rule"] == "unresolved-reference"]
+        self.assertEqual([[other["place"]["path"] for other in finding["related"]] for finding in found], [["s.xsd"], []])
+        self.assertIn("before the scheme", found[0]["remedy"])
+
+    def test_values_are_lost_in_both_flavours_and_told_once(self):
+        lost = attribute("T", value="1.0 &")
+        self.write("d.xsd", dictionary(element(1, "T", "TimestampType"), element(2, "N")))
+        self.write("s.xsd", scheme(group(1, "Base", "\n", lost, attribute("N", value="7")), group(2, "G", base="Base")))
+        self.assertEqual([(f["place"], f["message"].rpartition(": ")[2]) for f in self.findings("d.xsd", "s.xsd")],
+                         [(self.place("s.xsd", '<xs:element ref="e:T"'), "1.0 &")])
+        self.write("m.xsd", multiplex(REGISTRY_MULTIPLEX))
+        for name in ("d.xsd", "s.xsd"):
+            text = (self.folder / name).read_text(encoding="utf-8").replace("Groups::D", "Groups:D")
+            text = text.replace("Groups:MetadataElement", "Groups:Property")
+            self.write(name, re.sub("urn:SMPTE:MXF:XMLInterface:(Dictionary|Groups):",
+                                    r"http://www.smpte-ra.org/schemas/434/\1/", text))
+        self.assertEqual([finding["rule"] for finding in
+                          self.findings("d.xsd", "s.xsd", options=["--multiplex", "m.xsd"])], ["lost-value"])
+
+    def test_exit_status_and_choice_of_rules(self):
+        self.write("d.xsd", dictionary(reference(1, "R", "None"), element(2, "A"), element(3, "B")))
+        self.write("s.xsd", scheme(group(1, "G", attribute("R"), attribute("A"))))
+        files = schema_arguments(["d.xsd", "s.xsd"])
+        for options, expected, rules in (
+                ([], 0, ["unresolved-reference", "unused-element"]),
+                (["--strict"], 1, ["unresolved-reference", "unused-element"]),
+                (["--strict", "--disable", "unresolved-reference"], 0, ["unused-element"]),
+                (["--rule", "unused-element", "--rule", "lost-value"], 0, ["unused-element"]),
+                (["--rule", "lost-value", "--dictionary", "none.xsd"], 1, ["load-failed"])):
+            with self.subTest(options):
+                status, output, errors = self.run_tool("check", *files, *options)
+                self.assertEqual((status, errors), (expected, b""))
+                self.assertEqual(re.findall(r" \[([a-z-]+)\]$", output.decode(), re.MULTILINE), rules)
+        status, _, errors = self.run_tool("check", *files, "--rule", "unusedelement")
+        self.assertEqual(status, 2)
+        self.assertIn(b"no such rule: unusedelement; did you mean unused-element?", errors)
+
+    def test_text(self):
+        self.write("d.xsd", dictionary(element(1, "A"), "\n", element(2, "B"), "\n", element(3, "C")))
+        self.write("s.xsd", scheme(group(1, "G", attribute("A"))))
+        files = schema_arguments(["d.xsd", "s.xsd"])
+        lines = ('d.xsd:2:1: note: No set uses element "B". [unused-element]\n'
+                 'd.xsd:3:1: note: No set uses element "C". [unused-element]\n'
+                 "    Add the element to a set, load the scheme that uses it, or take it out.\n")
+        summary = "\nChecked 3 elements and 1 set of 2 files: 0 errors, 0 warnings, 2 notes.\n"
+        self.assertEqual(self.run_tool("check", *files)[1].decode(), lines + summary)
+        self.assertEqual(self.run_tool("check", *files, "--quiet")[1].decode(), lines)
+        self.assertIn("\x1b[36mnote:\x1b[0m", self.run_tool("check", *files, "--color", "always")[1].decode())
+        self.assertIn(b"No set was loaded", self.run_tool("check", "--dictionary", "d.xsd")[1])
+
+    def test_sarif(self):
+        self.write("d.xsd", dictionary("\n", element(1, "A"), element(2, "B", name="A")))
+        self.write("s \u00e4:%.xsd", scheme(group(1, "G", attribute("A"), attribute("None"))))
+        _, output, _ = self.run_tool("check", *schema_arguments(["d.xsd", "s \u00e4:%.xsd", "dx.xsd"]), "--format", "sarif")
+        log = json.loads(output)
+        jsonschema.Draft202012Validator(SARIF).validate(log)
+        run = log["runs"][0]
+        for result in run["results"]:
+            rule = run["tool"]["driver"]["rules"][result["ruleIndex"]]
+            self.assertEqual((rule["id"], rule["defaultConfiguration"]["level"]), (result["ruleId"], result["level"]))
+        physical = [location["physicalLocation"] for result in run["results"]
+                    for location in result["locations"] + result.get("relatedLocations", [])]
+        self.assertEqual([place["artifactLocation"]["uri"] for place in physical],
+                         ["s%20%C3%A4%3A%25.xsd", "dx.xsd", "d.xsd", "d.xsd"])
+        self.assertEqual(["region" in place for place in physical], [True, False, True, True])
+
+    def test_shipped_schemas_have_nothing_but_names_that_repeat(self):
+        for flavour in ("registry", "urn"):
+            status, output, errors = self.run_tool("check", *shipped_files(flavour), "--strict", "--format", "json")
+            self.assertEqual((status, errors), (0, b""))
+            self.assertEqual({finding["rule"] for finding in json.loads(output)["findings"]}, {"repeated-name"})
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,93 @@
+// Local tags, labels and keys that readers cannot tell apart, or that tell one thing apart from itself.
+
+#include "check/RuleFamilies.h"
+
+#include <set>
+#include <utility>
+#include <vector>
+
+namespace MXF::Tessel::Tool {
+
+namespace {
+
+constexpr std::size_t versionByte = 7;  // SMPTE ST 336: version of the registry that defines the label
+
+/// A local tag given to an element.
+struct TagAssignment {
+  Types::LocalTag tag;
+  const MetaMetadata::MetaElement* element;
+  const DictionaryIndex::Set* set;
+  Place place;
+
+  [[nodiscard]] std::string elementAndSet() const { return quotedName(*element) + " in set " + quotedName(*set); }
+};
+
+/// The first assignment of each tag to each element.
+std::vector<TagAssignment> tagAssignments(const Subject& subject) {
+  std::vector<TagAssignment> assignments;
+  std::set<std::pair<Types::LocalTag, Types::UniversalLabel>> seen;
+  for (const auto& [set, attribute] : subject.ownAttributes()) {
+    const Types::LocalTag* tag = attribute->localTag();
+    const MetaMetadata::MetaElement& element = attribute->metaElement();
+    if (tag == nullptr || !seen.emplace(*tag, element.universalLabel()).second) continue;
+    assignments.push_back({*tag, &element, set, placeAt(attribute->origin())});
+  }
+  return assignments;
+}
+
+/// Labels or keys of which all bytes but that of the version are the same.
+template <class Things, class IdentifierOf>
+void addOtherVersions(const Things& things, const std::string& noun, const IdentifierOf& identifierOf,
+                      Findings& findings) {
+  const auto keyOf = [&](const auto* thing) {
+    auto bytes = identifierOf(*thing).bytes();
+    bytes[versionByte] = 0;
+    return std::vector<unsigned char>(bytes.begin(), bytes.end());
+  };
+  forEachClash(things, keyOf, [&](const auto* first, const auto* second) {
+    findings.push_back({placeAt(second->origin()),
+                        noun + " of " + quotedName(*second) + " and " + quotedName(*first) +
+                            " differ in the version byte only: " + identifierText(identifierOf(*second)) + " and " +
+                            identifierText(identifierOf(*first)) + ".",
+                        {{placeAt(first->origin()), quotedName(*first) + " is declared here"}}});
+  });
+}
+
+}  // namespace
+
+Findings findSharedLocalTags(const Subject& subject) {
+  Findings findings;
+  const auto keyOf = [](const TagAssignment& assignment) { return assignment.tag; };
+  forEachClash(tagAssignments(subject), keyOf, [&](const TagAssignment& first, const TagAssignment& second) {
+    findings.push_back({second.place,
+                        "Local tag " + identifierText(second.tag) + " stands for two elements: " +
+                            second.elementAndSet() + ", and " + first.elementAndSet() + ".",
+                        {{first.place, quotedName(*first.element) + " has the tag here"}}});
+  });
+  return findings;
+}
+
+Findings findElementsOfManyTags(const Subject& subject) {
+  Findings findings;
+  const auto keyOf = [](const TagAssignment& assignment) { return assignment.element; };
+  forEachClash(tagAssignments(subject), keyOf, [&](const TagAssignment& first, const TagAssignment& second) {
+    findings.push_back(
+        {second.place,
+         "Element " + quotedName(*second.element) + " has two local tags: " + identifierText(second.tag) + " in set " +
+             quotedName(*second.set) + ", and " + identifierText(first.tag) + " in set " + quotedName(*first.set) + ".",
+         {{first.place, "it has the tag " + identifierText(first.tag) + " here"}}});
+  });
+  return findings;
+}
+
+Findings findLabelsOfOtherVersions(const Subject& subject) {
+  Findings findings;
+  addOtherVersions(
+      subject.elements(), "Labels", [](const auto& element) -> const auto& { return element.universalLabel(); },
+      findings);
+  addOtherVersions(
+      subject.sets(), "Keys", [](const auto& set) -> const auto& { return set.key(); }, findings);
+  return findings;
+}
+
+}  // namespace MXF::Tessel::Tool

@@ -1,0 +1,65 @@
+// Names that stand for two things: XML names, by which schemas refer to elements and sets, and registry names.
+
+#include "check/RuleFamilies.h"
+#include "text/ElementText.h"
+#include "text/Unicode.h"
+
+#include <MetaMetadata/PropertyKeys.h>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace MXF::Tessel::Tool {
+
+namespace PropertyKeys = MetaMetadata::PropertyKeys;
+
+namespace {
+
+/// Namespace and tag.
+std::pair<std::u32string, std::u32string> xmlNameOf(const MetaMetadata::PropertyMap& map) {
+  return {propertyText(map, PropertyKeys::xmlNamespaceURI), propertyText(map, PropertyKeys::xmlTagName)};
+}
+
+template <class Things>
+void addSharedXmlNames(const Things& things, const std::string& noun, Findings& findings) {
+  Things named;
+  std::copy_if(things.begin(), things.end(), std::back_inserter(named),
+               [](const auto* thing) { return !xmlNameOf(*thing).second.empty(); });
+  const auto keyOf = [](const auto* thing) { return xmlNameOf(*thing); };
+  forEachClash(named, keyOf, [&](const auto* first, const auto* second) {
+    const auto [uri, tag] = xmlNameOf(*second);
+    findings.push_back({placeAt(second->origin()),
+                        noun + " " + quotedName(*second) + " and " + quotedName(*first) + " have the XML name " +
+                            encode(tag) + " of namespace " + encode(uri) + ".",
+                        {{placeAt(first->origin()), quotedName(*first) + " is declared here"}}});
+  });
+}
+
+template <class Things>
+void addRepeatedNames(const Things& things, const std::string& noun, Findings& findings) {
+  const auto keyOf = [](const auto* thing) { return nameText(*thing); };
+  forEachClash(things, keyOf, [&](const auto* first, const auto* second) {
+    findings.push_back({placeAt(second->origin()),
+                        "Two " + noun + " are named " + quotedName(*second) + ".",
+                        {{placeAt(first->origin()), "the other one is declared here"}}});
+  });
+}
+
+}  // namespace
+
+Findings findSharedXmlNames(const Subject& subject) {
+  Findings findings;
+  addSharedXmlNames(subject.elements(), "Elements", findings);
+  addSharedXmlNames(subject.sets(), "Sets", findings);
+  return findings;
+}
+
+Findings findRepeatedNames(const Subject& subject) {
+  Findings findings;
+  addRepeatedNames(subject.elements(), "elements", findings);
+  addRepeatedNames(subject.sets(), "sets", findings);
+  return findings;
+}
+
+}  // namespace MXF::Tessel::Tool

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "check/Subject.h"
+
+/// What each rule finds, in files by what they look at. Findings need neither rule nor remedy.
+namespace MXF::Tessel::Tool {
+
+// LoadRules.cpp
+Findings findFailedLoads(const Subject& subject);
+Findings findWrongFiles(const Subject& subject);
+Findings findFilesWithoutDeclarations(const Subject& subject);
+Findings findEmptyDictionary(const Subject& subject);
+
+// NameRules.cpp
+Findings findSharedXmlNames(const Subject& subject);
+Findings findRepeatedNames(const Subject& subject);
+
+// IdentifierRules.cpp
+Findings findSharedLocalTags(const Subject& subject);
+Findings findElementsOfManyTags(const Subject& subject);
+Findings findLabelsOfOtherVersions(const Subject& subject);
+
+// ReferenceRules.cpp
+Findings findUnresolvedReferences(const Subject& subject);
+Findings findMissingBases(const Subject& subject);
+Findings findUnusedElements(const Subject& subject);
+
+// ValueRules.cpp
+Findings findLostValues(const Subject& subject);
+
+}  // namespace MXF::Tessel::Tool

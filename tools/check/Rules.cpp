@@ -1,0 +1,65 @@
+#include "check/Rules.h"
+
+#include "check/RuleFamilies.h"
+
+#include <algorithm>
+
+namespace MXF::Tessel::Tool {
+
+const char* severityName(Severity severity) {
+  switch (severity) {
+    case Severity::Error:
+      return "error";
+    case Severity::Warning:
+      return "warning";
+    case Severity::Note:
+      break;
+  }
+  return "note";
+}
+
+const std::vector<Rule>& allRules() {
+  static const std::vector<Rule> rules = {
+      {"load-failed", Severity::Error, "A file cannot be loaded.",
+       "Correct the declaration; nothing that its file declares was loaded.", findFailedLoads, true},
+      {"wrong-file", Severity::Error, "A file is of another kind or flavour than it was given as.",
+       "Give each file with the option of its kind; --multiplex chooses the flavour of all.", findWrongFiles, true},
+      {"empty-dictionary", Severity::Error, "No file declares an element.",
+       "Give the schemas of elements with --dictionary.", findEmptyDictionary, true},
+      {"shared-xml-name", Severity::Error, "Two elements, or two sets, have one XML name.",
+       "Give one of them another XML name; a schema that refers to this one gets only one of the two.",
+       findSharedXmlNames, false},
+      {"shared-local-tag", Severity::Error, "A local tag stands for two elements.",
+       "Give one of them another local tag; a reader of a file knows elements of sets by their tags alone.",
+       findSharedLocalTags, false},
+      {"no-declarations", Severity::Warning, "A file declares nothing that can be loaded.",
+       "Leave the file out, or annotate what it declares.", findFilesWithoutDeclarations, true},
+      {"unresolved-reference", Severity::Warning, "An element refers to sets that no scheme declares.",
+       "Load the schemes that declare the sets with --scheme, or correct the reference.", findUnresolvedReferences,
+       false},
+      {"missing-base", Severity::Warning, "The base of a set is not in the dictionary.",
+       "Load the scheme that declares the base with --scheme; abstract groups are sets only if all of their scheme "
+       "have keys.",
+       findMissingBases, false},
+      {"many-local-tags", Severity::Warning, "An element has two local tags.",
+       "Use the same local tag in all sets; a reader may know only one of them.", findElementsOfManyTags, false},
+      {"other-version", Severity::Warning, "Two labels, or two keys, differ in the version byte only.",
+       "Keep one of them; labels that differ in their eighth byte only are the same to readers.",
+       findLabelsOfOtherVersions, false},
+      {"lost-value", Severity::Warning, "A distinguished value is of a type that has no text form.",
+       "Take the annotation out, or give the element a type of which values can be written.", findLostValues, false},
+      {"repeated-name", Severity::Note, "Two elements, or two sets, have one name.",
+       "Tell them apart by label or key, or give one of them another name.", findRepeatedNames, false},
+      {"unused-element", Severity::Note, "No set uses an element.",
+       "Add the element to a set, load the scheme that uses it, or take it out.", findUnusedElements, false},
+  };
+  return rules;
+}
+
+const Rule* findRule(const std::string& id) {
+  const auto& rules = allRules();
+  const auto found = std::find_if(rules.begin(), rules.end(), [&](const Rule& rule) { return rule.id == id; });
+  return found == rules.end() ? nullptr : &*found;
+}
+
+}  // namespace MXF::Tessel::Tool

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "check/Finding.h"
+#include "check/Subject.h"
+
+#include <string>
+#include <vector>
+
+namespace MXF::Tessel::Tool {
+
+/// How much a finding matters. Errors make a dictionary that programs cannot rely on; what is a warning may be meant;
+/// a note tells.
+enum class Severity { Error, Warning, Note };
+
+/// "error", "warning" or "note".
+const char* severityName(Severity severity);
+
+/// One thing that schemas are examined for.
+struct Rule {
+  const char* id;  ///< Lower-case words joined by hyphens. Never changes, since configurations and reports hold it.
+  Severity severity;
+  const char* summary;  ///< What it finds: a sentence.
+  const char* remedy;   ///< What to do about it: a sentence.
+  Findings (*examine)(const Subject& subject);
+  /// It is about the files and not about the dictionary, and applies unless it is turned off by its id.
+  bool isAboutLoading;
+};
+
+/// All rules, errors first.
+const std::vector<Rule>& allRules();
+
+/// The rule with that id, or null.
+const Rule* findRule(const std::string& id);
+
+}  // namespace MXF::Tessel::Tool
