@@ -1,4 +1,4 @@
-// The comparison as a whole: its steps, and what they share. Entry points: compareDictionaries() and comparisonWarnings().
+// The comparison as a whole: its steps, and what they share. Entry points: compareDictionaries(), comparisonWarnings().
 
 #include "diff/DictionaryComparison.h"
 

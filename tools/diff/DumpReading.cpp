@@ -1,5 +1,5 @@
-// From a file to a dump. Entry point: readDump(). What a dump consists of is in DumpParts.cpp; here is all about files, and
-// about files that are something else.
+// From a file to a dump. Entry point: readDump(). What a dump consists of is in DumpParts.cpp; here is all about files,
+// and about files that are something else.
 
 #include "diff/DumpReading.h"
 

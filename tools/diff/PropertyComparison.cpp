@@ -1,5 +1,5 @@
-// Compares the texts that elements, sets and attributes have. Properties that other members of a dump hold as well, or that
-// follow from the order of attributes, are not in the table.
+// Compares the texts that elements, sets and attributes have. Properties that other members of a dump hold as well, or
+// that follow from the order of attributes, are not in the table.
 
 #include "diff/ComparisonSteps.h"
 

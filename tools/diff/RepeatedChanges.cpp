@@ -1,5 +1,5 @@
-// Finds changes that are told many times: those of a base's attributes come again with every set that inherits them, a new
-// namespace with everything in it. Entry point: markRepeatedChanges(); all else is local.
+// Finds changes that are told many times: those of a base's attributes come again with every set that inherits them, a
+// new namespace with everything in it. Entry point: markRepeatedChanges(); all else is local.
 
 #include "diff/ComparisonSteps.h"
 
