@@ -25,6 +25,11 @@ class XSDDictionaryLoader2Impl;
 /// file but the one given and the ones that it imports by location is ever opened, and nothing is ever fetched from a
 /// network.
 ///
+/// Limits bound what a schema may ask for; all are far above what schemas need (SECURITY.md lists them). Where one is
+/// exceeded the load fails with "Limit exceeded: more than NUMBER ...": as Exceptions::IOError "PATH: Limit exceeded: ..."
+/// for the size of a file; as for content that is not well-formed, with the place, for what a document holds; and as
+/// Exceptions::InvalidValue for what a load asks for altogether.
+///
 /// Every failure is an exception. After any failure the loader stays usable and keeps its flavour and options. An
 /// exception of ours that is about a declaration tells where that is (BaseException::location()), in the given document
 /// or an import; what is loaded tells the same of itself (PropertyMap::origin()).
@@ -92,6 +97,7 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   /// @throws Exceptions::MetaElementAlreadyLoaded  two declarations, or one and the dictionary, share a label.
   /// @throws Exceptions::TypeNotSupportedException  a declaration has no known data type.
   /// @throws Exceptions::SchemeDataMissingException  the schema has no target namespace.
+  /// @throws Exceptions::InvalidValue  the load exceeds a limit: "Limit exceeded: more than ...".
   void loadDictionary(const Templates::WideString& path, Dictionary& dictionary);
 
   /// Reads the group declarations of a scheme schema: every top-level element with a group-key annotation. First the
@@ -113,7 +119,8 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   ///         target namespace.
   /// @throws Exceptions::NotFound  an attribute refers to an element that the dictionary does not hold, or an element
   ///         of the dictionary has no XML name.
-  /// @throws Exceptions::InvalidValue  a required status, local tag or distinguished value that cannot be read.
+  /// @throws Exceptions::InvalidValue  a required status, local tag or distinguished value that cannot be read; or the
+  ///         load exceeds a limit: "Limit exceeded: more than ...".
   void loadScheme(const Templates::WideString& path, Dictionary& dictionary);
 
   /// The multiplex namespace of the current flavour, one of the two that loadMultiplex() accepts.
