@@ -242,6 +242,7 @@ class Diff(ToolTest):
                 ("[" * 1000000, "new.json: error: no JSON dump: it is nested deeper than 16 levels"),
                 ('{"a":' * 17, "new.json: error: no JSON dump: it is nested deeper than 16 levels"),
                 (json.dumps({str(n): n for n in range(65)}), "new.json: error: no JSON dump: an object has more than"),
+                ("[" + "0," * 4000000 + "0]", "new.json: error: no JSON dump: it has more than 4000000 values"),
                 ("1e999", "new.json:1:5: error: no JSON dump: "),
                 ("[]", f"{OTHER_FORM}it is not an object"),
                 ('{"nodes": [], "edges": []}', f'{OTHER_FORM}it has no member "ta'),

@@ -94,13 +94,13 @@ class Check final : public nlohmann::json_sax<Json> {
  public:
   explicit Check(std::string_view text) : text_(text) {}
 
-  bool null() override { return true; }
-  bool boolean(bool /*value*/) override { return true; }
-  bool number_integer(number_integer_t /*value*/) override { return true; }
-  bool number_unsigned(number_unsigned_t /*value*/) override { return true; }
-  bool number_float(number_float_t /*value*/, const string_t& /*text*/) override { return true; }
-  bool string(string_t& /*value*/) override { return true; }
-  bool binary(binary_t& /*value*/) override { return true; }
+  bool null() override { return count(); }
+  bool boolean(bool /*value*/) override { return count(); }
+  bool number_integer(number_integer_t /*value*/) override { return count(); }
+  bool number_unsigned(number_unsigned_t /*value*/) override { return count(); }
+  bool number_float(number_float_t /*value*/, const string_t& /*text*/) override { return count(); }
+  bool string(string_t& /*value*/) override { return count(); }
+  bool binary(binary_t& /*value*/) override { return count(); }
   bool start_object(std::size_t /*size*/) override { return enter(); }
   bool end_object() override { return leave(); }
   bool start_array(std::size_t /*size*/) override { return enter(); }
@@ -114,9 +114,13 @@ class Check final : public nlohmann::json_sax<Json> {
   }
 
  private:
+  bool count() {
+    if (++values_ <= maximumJsonValues) return true;
+    throw JsonFault("it has more than " + std::to_string(maximumJsonValues) + " values", 0, 0);
+  }
   bool enter() {
     members_.push_back(0);
-    if (members_.size() <= maximumJsonDepth) return true;
+    if (members_.size() <= maximumJsonDepth) return count();
     throw JsonFault("it is nested deeper than " + std::to_string(maximumJsonDepth) + " levels", 0, 0);
   }
   bool leave() {
@@ -125,6 +129,7 @@ class Check final : public nlohmann::json_sax<Json> {
   }
 
   std::string_view text_;
+  std::size_t values_ = 0;
   std::vector<std::size_t> members_;  ///< Of each container that is open.
 };
 

@@ -12,6 +12,7 @@ namespace MXF::Tessel::Tool {
 /// or time: containers nest on the stack, and members of an object are looked up one after the other.
 constexpr std::size_t maximumJsonDepth = 16;
 constexpr std::size_t maximumJsonMembers = 64;
+constexpr std::size_t maximumJsonValues = 4'000'000;
 
 /// Why a text is no JSON that can be read. The place is where that was found.
 class JsonFault : public std::runtime_error {
