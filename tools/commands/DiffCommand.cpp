@@ -59,10 +59,10 @@ ExitStatus compare(const DiffRequest& request, const DictionaryDump& before, con
 }
 
 ExitStatus runDiff(const DiffRequest& request) {
-  const std::optional<DictionaryDump> before = readOrReport(request.before, request.output);
-  const std::optional<DictionaryDump> after = readOrReport(request.after, request.output);
-  if (!before || !after) return ExitStatus::WrongUsage;
   try {
+    const std::optional<DictionaryDump> before = readOrReport(request.before, request.output);
+    const std::optional<DictionaryDump> after = readOrReport(request.after, request.output);
+    if (!before || !after) return ExitStatus::WrongUsage;
     return compare(request, *before, *after);
   } catch (const std::exception& error) {
     reportError(error.what());

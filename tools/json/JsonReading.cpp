@@ -17,7 +17,8 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
-constexpr std::size_t escapeSize = 6;  // \ud83d
+constexpr std::size_t escapeSize = 6;        // \ud83d
+constexpr std::size_t memoryPerValue = 128;  // an empty array's, with what growing and freeing its container takes
 /// No text has this noncharacter but by the replacement of a surrogate, which follows as a private character.
 constexpr char32_t marker = 0xFFFE;
 constexpr char32_t privateStart = 0xE000;
@@ -109,6 +110,7 @@ class Check final : public nlohmann::json_sax<Json> {
     if (++members_.back() <= maximumJsonMembers) return true;
     throw JsonFault("an object has more than " + std::to_string(maximumJsonMembers) + " members", 0, 0);
   }
+  [[nodiscard]] std::size_t values() const { return values_; }
   bool parse_error(std::size_t position, const std::string& /*token*/, const Json::exception& error) override {
     throw faultAt(text_, position == 0 ? 0 : position - 1, reasonOf(error.what()));
   }
@@ -140,6 +142,8 @@ Json readJson(const std::string& text) {
   const bool hasLoneSurrogates = replaceLoneSurrogates(acceptable);
   Check check(text);
   Json::sax_parse(acceptable, &check);
+  // The library frees values with the help of memory, and ends the process when there is none; so ask for it before.
+  std::vector<char>().reserve(check.values() * memoryPerValue);
   Json document = Json::parse(acceptable);
   if (hasLoneSurrogates) restoreLoneSurrogates(document);
   return document;

@@ -25,7 +25,8 @@ class JsonFault : public std::runtime_error {
 };
 
 /// The document of writeJson(), lone surrogates included.
-/// @throws JsonFault  it is no JSON, or exceeds the bounds.
+/// @throws JsonFault       it is no JSON, or exceeds the bounds.
+/// @throws std::bad_alloc  there is not enough memory for it.
 Json readJson(const std::string& text);
 
 }  // namespace MXF::Tessel::Tool
