@@ -27,7 +27,7 @@ namespace MXF::Tessel::Test {
 namespace {
 
 void limit(int resource, rlim_t amount) {
-  const rlimit both{amount, amount};
+  const rlimit both{amount, amount + 1};  // the signal of the first tells what was exceeded
   if (setrlimit(static_cast<__rlimit_resource>(resource), &both) != 0) throw std::runtime_error("setrlimit");
 }
 
