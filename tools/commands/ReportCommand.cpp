@@ -50,6 +50,7 @@ void declareReport(CLI::App& tool, Action& action) {
   CLI::App& report = declareSubcommand(tool, help, {htmlFormat}, request->output);
   report.add_option("--title", request->title, "Title of the page")->type_name("TEXT");
   declareFileOptions(report, request->load);
+  declareKeepGoing(report, request->load);
   report.callback([request, &action] {
     requireSchemas(request->load);
     action = [request] { return runReport(*request); };
