@@ -25,7 +25,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int dictionarySizes[] = {500, 2000, 5000, 20000, 50000};
-constexpr int schemeSizes[] = {100, 500, 2000, 5000, 20000};
+constexpr int schemeSizes[] = {100, 500, 2000, 5000, 15000};  // more would exceed the size of a file
 constexpr int referredElements = 500;
 constexpr int barSize = 20000;
 constexpr int memorySchemeSize = 5000;
