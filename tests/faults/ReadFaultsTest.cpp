@@ -97,7 +97,7 @@ std::string notFound(const std::string& path) {
 TEST(ReadFaults, ReadingInPiecesAndWithInterruptionsMakesNoDifference) {
   const Schemas schemas(ValueTypes::One);
   const std::string complete = completeText(schemas);
-  for (const std::size_t mostBytes : {0, 1, 3, 4095}) {
+  for (const std::size_t mostBytes : {0U, 1U, 3U, 4095U}) {
     for (const bool interrupted : {false, true}) {
       Behaviour behaviour;
       behaviour.mostBytes = mostBytes;
