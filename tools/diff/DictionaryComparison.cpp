@@ -90,14 +90,14 @@ Json setReference(const Comparison& comparison, const std::string& key) {
 Change aboutElement(const Comparison& comparison, const std::string& label) {
   const std::string old = elementName(comparison.before, label);
   Change change{};
-  change.element = Subject{label, old.empty() ? elementName(comparison.after, label) : old};
+  change.element = ChangedThing{label, old.empty() ? elementName(comparison.after, label) : old};
   return change;
 }
 
 Change aboutSet(const Comparison& comparison, const std::string& key) {
   const std::string old = setName(comparison.before, key);
   Change change{};
-  change.set = Subject{key, old.empty() ? setName(comparison.after, key) : old};
+  change.set = ChangedThing{key, old.empty() ? setName(comparison.after, key) : old};
   return change;
 }
 

@@ -10,7 +10,7 @@
 namespace MXF::Tessel::Tool {
 
 /// An element or set that a change is about.
-struct Subject {
+struct ChangedThing {
   std::string id;    ///< Label or key.
   std::string name;  ///< Registry name, the old one if there is one; may be empty.
 };
@@ -18,8 +18,8 @@ struct Subject {
 /// One difference. It is about an element, about a set, or, with both, about an attribute.
 struct Change {
   ChangeKind kind;
-  std::optional<Subject> element;
-  std::optional<Subject> set;
+  std::optional<ChangedThing> element;
+  std::optional<ChangedThing> set;
   Json before;  ///< A text, a distinguished value as in a dump, or null.
   Json after;   ///< The same.
   /// Position of the change of another element or set that tells the same already: of an attribute that is inherited,
@@ -28,7 +28,7 @@ struct Change {
 };
 
 /// What a change is told below: its set if there is one, else its element.
-inline const Subject& subjectOf(const Change& change) {
+inline const ChangedThing& subjectOf(const Change& change) {
   return change.set ? *change.set : *change.element;
 }
 

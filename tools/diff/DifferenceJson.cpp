@@ -17,7 +17,7 @@ Json dumpJson(const DictionaryDump& dump) {
           {"sets", dump.sets.size()}};
 }
 
-Json subjectJson(const std::optional<Subject>& subject, const char* idMember) {
+Json subjectJson(const std::optional<ChangedThing>& subject, const char* idMember) {
   if (!subject) return nullptr;
   return {{idMember, subject->id}, {"name", subject->name.empty() ? Json() : Json(subject->name)}};
 }

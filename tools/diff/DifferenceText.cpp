@@ -25,7 +25,7 @@ std::u32string counted(std::size_t number, const char32_t* noun) {
   return decimal(number) + U' ' + noun + (number == 1 ? U"" : U"s");
 }
 
-std::u32string nameOf(const Subject& subject) {
+std::u32string nameOf(const ChangedThing& subject) {
   return subject.name.empty() ? fromAscii(subject.id) : printableUtf8(subject.name);
 }
 
@@ -72,10 +72,10 @@ std::u32string sentenceOf(const Change& change) {
 
 /// Where else the change comes up: in sets that inherit the attribute, say.
 std::u32string repetitionText(const Change& change, const Changes& repetitions) {
-  std::vector<const Subject*> others;
-  const Subject* last = &subjectOf(change);
+  std::vector<const ChangedThing*> others;
+  const ChangedThing* last = &subjectOf(change);
   for (const Change* repetition : repetitions) {
-    const Subject& subject = subjectOf(*repetition);
+    const ChangedThing& subject = subjectOf(*repetition);
     if (subject.id != last->id && subject.id != subjectOf(change).id) others.push_back(&subject);
     last = &subject;
   }
@@ -83,7 +83,7 @@ std::u32string repetitionText(const Change& change, const Changes& repetitions) 
   std::u32string text = U"the same in " + counted(others.size(), change.set ? U"other set" : U"other element");
   if (others.size() > maximumNamesOfRepetitions) return text;
   const char32_t* separator = U": ";
-  for (const Subject* other : others) {
+  for (const ChangedThing* other : others) {
     text += separator + nameOf(*other);
     separator = U", ";
   }
@@ -112,12 +112,12 @@ void appendChange(std::string& page, const Change& change, const Changes& repeti
 void appendChanges(std::string& page, const char32_t* title, const std::vector<Change>& changes, bool ofSets) {
   std::string body;
   std::size_t subjects = 0;
-  const Subject* current = nullptr;
+  const ChangedThing* current = nullptr;
   const std::vector<Changes> repetitions = repetitionsIn(changes);
   for (std::size_t i = 0; i < changes.size(); ++i) {
     const Change& change = changes[i];
     if (change.set.has_value() != ofSets || change.sameAs) continue;
-    const Subject& subject = subjectOf(change);
+    const ChangedThing& subject = subjectOf(change);
     if (current == nullptr || current->id != subject.id) {
       appendRow(body, {{subjectIndent, nameWidth, nameOf(subject), Style::Name},
                        {subjectIndent + nameWidth + columnGap, identifierWidth, fromAscii(subject.id)}});
