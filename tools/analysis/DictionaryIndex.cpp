@@ -1,5 +1,7 @@
 #include "analysis/DictionaryIndex.h"
 
+#include "text/IdentifierForm.h"
+
 #include <MetaMetadata/MetaElements.h>
 #include <MetaMetadata/PropertyKeys.h>
 #include <MetaMetadata/Visitors/GetMetaElementVisitor.h>
@@ -14,8 +16,6 @@ using MetaMetadata::MetaMetadataSet;
 namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 template <class Key, class List>
 const List& listOf(const std::map<Key, List>& lists, Key key) {

@@ -2,6 +2,7 @@
 
 #include "analysis/Lookup.h"
 
+#include "text/IdentifierForm.h"
 #include "text/Similarity.h"
 #include "text/TextLayout.h"
 #include "text/Unicode.h"
@@ -25,7 +26,6 @@ namespace {
 
 using Bytes = std::vector<unsigned char>;
 
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 constexpr std::size_t labelSize = 16;
 constexpr std::size_t versionByte = 7;        // SMPTE ST 336: version of the registry that defines the label
 constexpr unsigned char wildcard = 0x7F;      // what group keys of schemas have where those of files differ

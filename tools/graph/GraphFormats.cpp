@@ -5,6 +5,7 @@
 
 #include "json/JsonText.h"
 #include "text/ElementText.h"
+#include "text/IdentifierForm.h"
 #include "text/Unicode.h"
 
 #include <MetaMetadata/MetaElements.h>
@@ -27,8 +28,6 @@ using Types::Identifiers::Identifier;
 namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 struct Replacement {
   char character;

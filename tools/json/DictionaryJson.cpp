@@ -5,6 +5,7 @@
 
 #include "json/JsonText.h"
 #include "json/ValueJson.h"
+#include "text/IdentifierForm.h"
 
 #include <MetaMetadata/MetaElements.h>
 #include <MetaMetadata/Visitors/MetaElementVisitor.h>
@@ -22,8 +23,6 @@ using MetaMetadata::MetaMetadataSet;
 using MetaMetadata::PropertyMap;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 /// Text form of a label, key or local tag.
 template <class Identifier>

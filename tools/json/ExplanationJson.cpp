@@ -6,6 +6,7 @@
 #include "analysis/PendingReferences.h"
 #include "json/JsonText.h"
 #include "json/ValueJson.h"
+#include "text/IdentifierForm.h"
 
 #include <MetaMetadata/AttributeRequiredStatus.h>
 #include <MetaMetadata/MetaElements.h>
@@ -26,8 +27,6 @@ using MetaMetadata::PropertyMap;
 namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 /// The property, or null.
 Json property(const PropertyMap& map, const wchar_t* key) {

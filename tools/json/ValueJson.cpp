@@ -1,5 +1,7 @@
 #include "json/ValueJson.h"
 
+#include "text/IdentifierForm.h"
+
 #include <Types/Types.h>
 #include <Utils/TextConversion.h>
 
@@ -12,8 +14,6 @@ namespace MXF::Tessel::Tool {
 using Types::Identifiers::Identifier;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 class ValueToJson final : public Types::Visitors::Visitor {
  public:

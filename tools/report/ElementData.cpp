@@ -5,6 +5,7 @@
 #include "report/Links.h"
 #include "text/AttributeText.h"
 #include "text/ElementText.h"
+#include "text/IdentifierForm.h"
 #include "text/TextLayout.h"
 #include "text/Unicode.h"
 
@@ -19,8 +20,6 @@ using MetaMetadata::MetaElement;
 namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 template <class Facet>
 bool isA(const MetaElement& element) {

@@ -1,6 +1,7 @@
 #include "report/Links.h"
 
 #include "text/ElementText.h"
+#include "text/IdentifierForm.h"
 #include "text/Unicode.h"
 
 #include <MetaMetadata/PropertyKeys.h>
@@ -11,8 +12,6 @@ using MetaMetadata::MetaElement;
 using MetaMetadata::MetaMetadataSet;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 TemplateData link(const std::u32string& anchor, const std::u32string& name, bool isAbstract) {
   TemplateData data;

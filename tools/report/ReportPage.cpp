@@ -8,6 +8,7 @@
 #include "report/Links.h"
 #include "report/SetData.h"
 #include "text/ElementText.h"
+#include "text/IdentifierForm.h"
 #include "text/SetTree.h"
 #include "text/Unicode.h"
 
@@ -25,8 +26,6 @@ using MetaMetadata::MetaElement;
 using MetaMetadata::MetaMetadataSet;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 // Deeper levels of the tree are shown at this one: browsers stop nesting somewhere, and a schema decides how deep it is.
 constexpr std::size_t deepestLevel = 12;

@@ -7,6 +7,7 @@
 #include "report/Links.h"
 #include "text/AttributeText.h"
 #include "text/ElementText.h"
+#include "text/IdentifierForm.h"
 #include "text/TextLayout.h"
 #include "text/Unicode.h"
 
@@ -23,8 +24,6 @@ using MetaMetadata::MetaMetadataSet;
 namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 TemplateData attributeData(const DictionaryIndex& index, const MetaAttribute& attribute) {
   TemplateData data = typeData(index, attribute.metaElement());

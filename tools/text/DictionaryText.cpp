@@ -5,6 +5,7 @@
 
 #include "analysis/PendingReferences.h"
 #include "text/ElementText.h"
+#include "text/IdentifierForm.h"
 #include "text/SetText.h"
 #include "text/TextLayout.h"
 #include "text/TextTable.h"
@@ -18,8 +19,6 @@ using MetaMetadata::Dictionary;
 using MetaMetadata::MetaElement;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 void appendLoads(std::string& page, const std::vector<LoadRecord>& loads) {
   TextTable table({{U"Kind"}, {U"File", true}, {U"Result", true}});

@@ -6,6 +6,7 @@
 #include "analysis/PendingReferences.h"
 #include "text/AttributeText.h"
 #include "text/ElementText.h"
+#include "text/IdentifierForm.h"
 #include "text/TextLayout.h"
 #include "text/TextTable.h"
 #include "text/Unicode.h"
@@ -25,7 +26,6 @@ namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
 
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 constexpr std::size_t indent = 2;
 constexpr std::size_t factWidth = 13;
 constexpr std::size_t factColumn = indent + factWidth + columnGap;

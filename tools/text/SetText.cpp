@@ -3,6 +3,7 @@
 #include "text/SetText.h"
 
 #include "text/ElementText.h"
+#include "text/IdentifierForm.h"
 #include "text/SetTree.h"
 #include "text/TextLayout.h"
 #include "text/Unicode.h"
@@ -21,8 +22,6 @@ using MetaMetadata::MetaAttribute;
 namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 constexpr std::size_t treeIndent = 2;       // of the tree as a whole, and of each level
 constexpr std::size_t attributeIndent = 4;  // from their set: more than a level, so that the sets stand out

@@ -1,6 +1,7 @@
 #include "text/ValueText.h"
 
 #include "json/JsonText.h"
+#include "text/IdentifierForm.h"
 #include "text/Unicode.h"
 
 #include <Types/Types.h>
@@ -12,8 +13,6 @@
 namespace MXF::Tessel::Tool {
 
 namespace {
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 std::u32string quotedText(const Templates::WideString& text) {
   const std::string bytes = quoted(text);
