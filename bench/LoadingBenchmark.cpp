@@ -89,8 +89,7 @@ class Benchmark {
 
   void add(const std::string& name, const Files& read, const std::function<double()>& load) {
     compared_.push_back(name);
-    measurements_.add("parse " + name, [read] { return parseAlone(read); });
-    measurements_.add("load " + name, load);
+    measurements_.add(name, load, [read] { return parseAlone(read); });
   }
 
   void addDictionary(SchemaFlavour flavour, int size) {
@@ -118,8 +117,9 @@ class Benchmark {
 
   void addEngines(SchemaFlavour flavour, const std::string& file) {
     if (!isAnnotated(file, flavour)) return;
-    measurements_.add("stock " + file, [=] { return dictionaryPass(flavour, file, Engine::Stock); });
-    measurements_.add("own " + file, [=] { return dictionaryPass(flavour, file, Engine::Own); });
+    measurements_.add(
+        file, [=] { return dictionaryPass(flavour, file, Engine::Stock); },
+        [=] { return dictionaryPass(flavour, file, Engine::Own); });
   }
 
   /// Seconds of loading the dictionaries, or of the schemes after them.
@@ -130,15 +130,11 @@ class Benchmark {
     return schemesOnly ? schemeSeconds : dictionarySeconds;
   }
 
-  double ratioOf(const std::string& name) const {
-    return measurements_.median("load " + name) / measurements_.median("parse " + name);
-  }
-
   template <class Sizes, class NameOf>
   void tabulateGrowth(const std::string& what, const Sizes& sizes, NameOf nameOfSize) {
     for (const SchemaFlavour flavour : flavours) {
       std::vector<std::pair<int, double>> costs;
-      for (const int size : sizes) costs.emplace_back(size, measurements_.median("load " + nameOfSize(flavour, size)));
+      for (const int size : sizes) costs.emplace_back(size, measurements_.median(nameOfSize(flavour, size)).work);
       ratios_.push_back(
           {what + " order of growth, " + nameOf(flavour), "at most n^1.1", "n^" + withDigits(orderOfGrowth(costs), 2)});
     }
@@ -147,22 +143,22 @@ class Benchmark {
   void tabulate() {
     for (const SchemaFlavour flavour : flavours) {
       const std::string name = nameOfDictionary(flavour, barSize);
-      ratios_.push_back({name + ": load / parse alone", "at most 1.8", withDigits(ratioOf(name), 2)});
+      ratios_.push_back({name + ": load / parse alone", "at most 1.8", withDigits(measurements_.medianRatio(name), 2)});
     }
     for (const SchemaSet& set : sets_) {
       ratios_.push_back({set.name + ": load / parse alone of each file that is read", "at most 1.8",
-                         withDigits(ratioOf(set.name), 2)});
+                         withDigits(measurements_.medianRatio(set.name), 2)});
     }
     tabulateGrowth("dictionary load,", dictionarySizes, nameOfDictionary);
     tabulateGrowth("scheme load,", schemeSizes, nameOfScheme);
     for (const std::string& file : sets_.back().dictionaries) {
       if (!isAnnotated(file, sets_.back().flavour)) continue;
       ratios_.push_back({fs::path(file).filename().string() + ": dictionary pass on XQilla's own DOM / on ours",
-                         "at least 20",
-                         withDigits(measurements_.median("stock " + file) / measurements_.median("own " + file), 0)});
+                         "at least 20", withDigits(measurements_.medianRatio(file), 0)});
     }
     for (const std::string& name : compared_) {
-      comparisons_.push_back({name, measurements_.median("parse " + name), measurements_.median("load " + name)});
+      const Cost cost = measurements_.median(name);
+      comparisons_.push_back({name, cost.base, cost.work, measurements_.medianRatio(name)});
     }
   }
 

@@ -10,27 +10,36 @@ namespace MXF::Tessel::Bench {
 
 namespace {
 
+constexpr const char* baseSeconds = "base";
+
 class Collector : public benchmark::BenchmarkReporter {
  public:
-  explicit Collector(std::map<std::string, std::vector<double>>& seconds) : seconds_(seconds) {}
+  explicit Collector(std::map<std::string, std::vector<Cost>>& costs) : costs_(costs) {}
 
   bool ReportContext(const Context& /*context*/) override { return true; }
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
       if (run.run_type != Run::RT_Iteration) continue;
       const double seconds = run.real_accumulated_time / static_cast<double>(run.iterations);
-      seconds_[run.run_name.function_name].push_back(seconds);
+      costs_[run.run_name.function_name].push_back({seconds, run.counters.at(baseSeconds).value});
     }
   }
 
  private:
-  std::map<std::string, std::vector<double>>& seconds_;
+  std::map<std::string, std::vector<Cost>>& costs_;
 };
+
+template <class Select>
+double medianOf(const std::vector<Cost>& costs, Select select) {
+  std::vector<double> values;
+  for (const Cost& cost : costs) values.push_back(select(cost));
+  return median(std::move(values));
+}
 
 }  // namespace
 
-void Measurements::add(const std::string& name, std::function<double()> seconds) {
-  pending_.emplace_back(name, std::move(seconds));
+void Measurements::add(const std::string& name, Seconds work, Seconds base) {
+  pending_.push_back({name, std::move(work), std::move(base)});
 }
 
 void Measurements::run(int repetitions) {
@@ -40,20 +49,32 @@ void Measurements::run(int repetitions) {
   int count = static_cast<int>(arguments.size());
   benchmark::Initialize(&count, arguments.data());
 
-  for (const auto& [name, seconds] : pending_) {
-    const auto work = [&run = seconds](benchmark::State& state) {
-      for ([[maybe_unused]] auto iteration : state) state.SetIterationTime(run());
+  for (const Pending& pending : pending_) {
+    const auto repeat = [&pending](benchmark::State& state) {
+      for ([[maybe_unused]] auto iteration : state) {
+        state.counters[baseSeconds] = pending.base();
+        state.SetIterationTime(pending.work());
+      }
     };
-    benchmark::RegisterBenchmark(name.c_str(), work)->UseManualTime()->Iterations(1)->Repetitions(repetitions);
+    benchmark::RegisterBenchmark(pending.name.c_str(), repeat)
+        ->UseManualTime()
+        ->Iterations(1)
+        ->Repetitions(repetitions);
   }
-  Collector collector(seconds_);
+  Collector collector(costs_);
   benchmark::RunSpecifiedBenchmarks(&collector);
   benchmark::ClearRegisteredBenchmarks();
   pending_.clear();
 }
 
-double Measurements::median(const std::string& name) const {
-  return Bench::median(seconds_.at(name));
+Cost Measurements::median(const std::string& name) const {
+  const std::vector<Cost>& costs = costs_.at(name);
+  return {medianOf(costs, [](const Cost& cost) { return cost.work; }),
+          medianOf(costs, [](const Cost& cost) { return cost.base; })};
+}
+
+double Measurements::medianRatio(const std::string& name) const {
+  return medianOf(costs_.at(name), [](const Cost& cost) { return cost.work / cost.base; });
 }
 
 double median(std::vector<double> values) {

@@ -12,11 +12,12 @@ struct Ratio {
   std::string measured;
 };
 
-/// The cost of a load beside that of parsing the same files.
+/// The cost of a load beside that of parsing the same files. The ratio is a median of its own, not that of the seconds.
 struct Comparison {
   std::string what;
   double parseSeconds;
   double loadSeconds;
+  double ratio;
 };
 
 std::string withDigits(double value, int digits);
