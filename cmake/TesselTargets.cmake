@@ -32,4 +32,7 @@ function(tesselmxf_library)
     SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
+  # Templates of the standard library that several modules hold are otherwise bound to the module that came first. That may
+  # be a host's plug-in, which then cannot be unloaded while a library of ours is in the process.
+  target_link_options(${target} PRIVATE LINKER:-Bsymbolic)
 endfunction()

@@ -13,6 +13,8 @@ using Templates::WideString;
 
 namespace {
 
+constexpr std::size_t shortestList = 4;  // of those that are read as having items
+
 template <class Number>
 WideString decimal(Number number) {
   const std::wstring digits = std::to_wstring(number);
@@ -68,7 +70,8 @@ class TextForm final : public Types::Visitors::Visitor {
       if (!item || item->find(L',') != WideString::npos) return;
       list += *item + L",";  // also after the last one, which may be empty
     }
-    text = list + L"}";
+    list += L"}";
+    if (items.size() == 0 || list.size() >= shortestList) text = list;
   }
 };
 

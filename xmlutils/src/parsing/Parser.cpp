@@ -198,7 +198,12 @@ void Parser::attDef(const xercesc::DTDElementDecl& element, const xercesc::DTDAt
 
 void Parser::endAttList(const xercesc::DTDElementDecl& element) {
   check(budget_.makeDefaults(countOfDefaults(element)));
-  DOMLSParserImpl::endAttList(element);
+  try {
+    DOMLSParserImpl::endAttList(element);
+  } catch (const xercesc::DOMException&) {
+    std::u16string message(u"invalid attribute name declared for element '");
+    stop(message.append(element.getFullName()).append(u"'").c_str());
+  }
 }
 
 void Parser::elementDecl(const xercesc::DTDElementDecl& declaration, bool isIgnored) {

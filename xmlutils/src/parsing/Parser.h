@@ -60,6 +60,7 @@ class Parser : private ParserMemory, public xercesc::DOMLSParserImpl {
   void startIntSubset() override;
   void endIntSubset() override;
   void attDef(const xercesc::DTDElementDecl& element, const xercesc::DTDAttDef& attribute, bool isIgnored) override;
+  /// Refuses names such as a:b:c, with a default, which the document cannot hold and the scanner lets pass.
   void endAttList(const xercesc::DTDElementDecl& element) override;
   void elementDecl(const xercesc::DTDElementDecl& declaration, bool isIgnored) override;
   void entityDecl(const xercesc::DTDEntityDecl& declaration, bool isParameterEntity, bool isIgnored) override;
