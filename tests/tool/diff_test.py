@@ -48,6 +48,19 @@ def status_of_refs(status):
     return lambda dump: of_attribute(12, 1)(dump).update(requiredStatus=status)
 
 
+def newer(identifier):
+    return identifier[:21] + "0D" + identifier[23:]
+
+
+def other_version(identifier):
+    """Another version byte wherever the identifier is."""
+    def edit(dump):
+        text = json.dumps(dump).replace(identifier, newer(identifier))
+        dump.clear()
+        dump.update(json.loads(text))
+    return edit
+
+
 LEAF_A, LEAF_B, LEAF_C, OTHER_REFS = (f"{key(n)} {label(m)}" for n, m in ((11, 1), (11, 2), (11, 4), (12, 3)))
 LEAF = {"key": key(11), "name": "Leaf Set"}
 SEVEN, EIGHT = ({"dataType": 18, "value": value} for value in (7, 8))
@@ -64,7 +77,7 @@ EDITS = [
     (lambda d: of_element(3)(d)["allowedSets"].remove(key(11)), [("allowed-set-removed", label(3), LEAF, None)],
      "allowed-set-added"),
     (set_property(of_element(3), "UnresolvedMetaMetadataSetsRefs", "[Gone,urn:x:groups];[More,u];"),
-     [("undeclared-set-added", label(3), None, "[More,u]")], "undeclared-set-removed"),
+     [("undeclared-set-added", label(3), None, {"name": "More", "namespace": "u"})], "undeclared-set-removed"),
     (lambda d: d["sets"].pop(2), [("set-removed", key(12), None, None)], "set-added"),
     (set_property(of_set(12), "baseGroupUL", ""),
      [("base-changed", key(12), {"key": key(10), "name": "Root Set"}, None)], "base-changed"),
@@ -75,8 +88,19 @@ EDITS = [
     (new_attribute("B.Effort"), [("attribute-added", LEAF_B, None, "B.Effort")], "attribute-removed"),
     (new_attribute("D/req"), [("required-attribute-added", LEAF_B, None, "D/req")], "attribute-removed"),
     (new_attribute("Req"), [("required-attribute-added", LEAF_B, None, "Req")], "attribute-removed"),
-    (lambda d: of_set(11)(d)["attributes"].reverse(), [("attribute-order-changed", key(11), None, None)],
+    (lambda d: of_set(11)(d)["attributes"].reverse(), [("attribute-order-changed", key(11), "Alpha, C", "C, Alpha")],
      "attribute-order-changed"),
+    (lambda d: (other_version(label(1))(d), other_version(key(11))(d)),
+     [("version-changed", label(1), label(1), newer(label(1))), ("version-changed", key(11), key(11), newer(key(11)))],
+     "version-changed version-changed"),
+    # Of two that differ in nothing else, neither is the one that was there.
+    (lambda d: (other_version(key(12))(d), d["sets"].append({**of_set(10)(d), "key": key(12)[:21] + "0F" + key(12)[23:]})),
+     [("set-removed", key(12), None, None), ("set-added", newer(key(12)), None, None),
+      ("set-added", key(12)[:21] + "0F" + key(12)[23:], None, None)],
+     "set-added set-removed set-removed"),
+    (lambda d: (of_element(1)(d).update(dataType=17), of_attribute(11, 0)(d).update(
+        distinguishedValue={"dataType": 17, "value": 7})), [("data-type-changed", label(1), "UInt32", "UInt16")],
+     "data-type-changed"),
     (status_of_refs("Req"), [("requirement-added", OTHER_REFS, "E/req", "Req")], "requirement-removed"),
     (status_of_refs("D/req"), [("requirement-added", OTHER_REFS, "E/req", "D/req")], "requirement-added"),
     (status_of_refs("B.Effort"), [("requirement-removed", OTHER_REFS, "E/req", "B.Effort")], "requirement-added"),
@@ -165,7 +189,7 @@ class Diff(ToolTest):
                 edit(new)
                 self.assertEqual(self.changes(self.old, new), expected)
                 back = [change[0] for change in self.changes(new, self.old)]
-                self.assertEqual(back, [undone])
+                self.assertEqual(back, undone.split())
                 seen.update(back, (change[0] for change in expected))
         self.assertEqual(seen, set(self.rules()))
         self.assertEqual(self.changes(self.old, self.old), [])
@@ -183,11 +207,19 @@ class Diff(ToolTest):
         new["elements"].pop()
         retag("01.02")(new)
         set_property(of_element(2), "Documentation", "Other.")(new)
+        set_property(of_element(2), "LengthDescription", "8")(new)
+        set_property(of_element(3), "UnresolvedMetaMetadataSetsRefs", "[Nope,u];")(new)
+        other_version(label(3))(new)
         expected = [
             "Old: old.json (5 elements, 3 sets)", "New: new.json (4 elements, 3 sets)", "",
-            "Elements that differ: 3",
+            "Elements that differ: 4",
             f"  B                                                  {label(2)}",
             "      compatible  documentation: changed",
+            "      compatible  length: 4 -> 8",
+            f"  Refs                                               {label(3)}",
+            "      compatible  version byte: 01 -> 0D",
+            "      compatible  undeclared set removed: Gone of namespace urn:x:groups",
+            "      compatible  undeclared set added: Nope of namespace u",
             f"  C                                                  {label(4)}",
             "      breaking    local tag reused: 01.02, which stood for Alpha",
             f"  D                                                  {label(5)}",
@@ -199,12 +231,12 @@ class Diff(ToolTest):
             "      breaking    Alpha: distinguished value: 7 -> none",
             "                    the same in 2 other sets: Leaf Set, Other",
             f"  Leaf Set                                           {key(11)}",
-            "      breaking    C: local tag: 00.03 -> 01.02", "", "5 breaking changes, 1 compatible change."]
+            "      breaking    C: local tag: 00.03 -> 01.02", "", "5 breaking changes, 5 compatible changes."]
         status, output, errors = self.diff(self.old, new)
         self.assertEqual((status, errors, output.decode().splitlines()), (1, b"", expected))
-        self.assertEqual(self.diff(self.old, new, "--quiet")[1].decode().splitlines(), expected[:-2])
+        self.assertEqual(self.diff(self.old, new, "--quiet")[1].decode().splitlines(), expected[3:])
         self.assertIn(b"\x1b[1;31mbreaking\x1b[0m", self.diff(self.old, new, "--color=always")[1])
-        self.assertTrue(self.diff(self.old, self.old)[1].endswith(b"\n\nNo changes.\n"))
+        self.assertEqual(self.diff(self.old, self.old, "--quiet")[1], b"No changes.\n")
 
     def test_dumps_that_do_not_go_together(self):
         plain = self.dump(*self.files)
@@ -246,7 +278,8 @@ class Diff(ToolTest):
                 ("1e999", "new.json:1:5: error: no JSON dump: "),
                 ("[]", f"{OTHER_FORM}it is not an object"),
                 ('{"nodes": [], "edges": []}', f'{OTHER_FORM}it has no member "ta'),
-                (json.dumps(spoilt), f"{OTHER_FORM}/sets/1/attributes/1/localTag is not 2 bytes such as 06.0E"),
+                (json.dumps(spoilt), f"{OTHER_FORM}/sets/1/attributes/1/localTag is not in upper-case hexadecimal digits"),
+                (json.dumps(spoilt).replace("3c.0a", "3C.0"), f"{OTHER_FORM}/sets/1/attributes/1/localTag is not 2 bytes "),
                 (json.dumps(twice), f"{OTHER_FORM}/elements/5 is not the only element of its label"),
                 (dump.replace('"dataType": 18', '"dataType": 35', 1),
                  f"{OTHER_FORM}/elements/0/dataType is not the number of a data type, 0 to 34")]:

@@ -9,6 +9,7 @@ namespace MXF::Tessel::Tool {
 enum class ChangeKind {
   ElementRemoved,
   ElementAdded,
+  VersionChanged,
   DataTypeChanged,
   ItemTypeChanged,
   AllowedSetRemoved,

@@ -107,7 +107,10 @@ bool isNotDumped(const Comparison& comparison, const std::string& property) {
 }
 
 std::vector<Change> compareDictionaries(const DictionaryDump& before, const DictionaryDump& after) {
-  Comparison comparison{before, after, {}, {}};
+  const NewVersions versions = findNewVersions(before, after);
+  std::optional<DictionaryDump> renamed;
+  if (!versions.empty()) renamed = withOldVersions(versions, after);
+  Comparison comparison{before, renamed ? *renamed : after, versions, {}, {}};
   for (const OptionalProperty& property : optionalProperties) {
     const bool isInOne = onlyOne(before, after, hasAny(before, property.key), hasAny(after, property.key)) != nullptr;
     if (isInOne) comparison.notDumped.emplace_back(property.key);

@@ -11,7 +11,7 @@ namespace MXF::Tessel::Tool {
 
 /// An element or set that a change is about.
 struct ChangedThing {
-  std::string id;    ///< Label or key.
+  std::string id;    ///< Label or key, the old one where they differ in version.
   std::string name;  ///< Registry name, the old one if there is one; may be empty.
 };
 
@@ -20,7 +20,7 @@ struct Change {
   ChangeKind kind;
   std::optional<ChangedThing> element;
   std::optional<ChangedThing> set;
-  Json before;  ///< A text, a distinguished value as in a dump, or null.
+  Json before;  ///< A text, a reference to something, a distinguished value as in a dump, or null.
   Json after;   ///< The same.
   /// Position of the change of another element or set that tells the same already: of an attribute that is inherited,
   /// that of the set that declares it.

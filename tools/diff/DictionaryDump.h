@@ -15,6 +15,9 @@
 /// surrogate is in them as encode() writes it.
 namespace MXF::Tessel::Tool {
 
+/// Where the two digits of the version byte start in a label or key.
+inline constexpr std::size_t versionDigits = 7 * 3;
+
 using DumpedProperties = std::map<std::string, std::string>;
 
 struct DumpedElement {

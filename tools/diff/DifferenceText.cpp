@@ -29,8 +29,9 @@ std::u32string nameOf(const ChangedThing& subject) {
   return subject.name.empty() ? fromAscii(subject.id) : printableUtf8(subject.name);
 }
 
-bool isLongText(const Change& change) {
-  return change.kind == ChangeKind::DocumentationChanged || change.kind == ChangeKind::LengthDescriptionChanged;
+/// The version byte of a label or key in dotted form.
+std::u32string versionOf(const Json& identifier) {
+  return fromAscii(identifier.get_ref<const std::string&>().substr(versionDigits, 2));
 }
 
 /// Whether something came or went, so that there is no other value beside it.
@@ -54,7 +55,10 @@ bool isAboutOneValue(ChangeKind kind) {
 }
 
 std::u32string valuesText(const Change& change) {
-  if (isLongText(change)) return change.before.is_null() ? U"new" : change.after.is_null() ? U"gone" : U"changed";
+  if (change.kind == ChangeKind::DocumentationChanged) {
+    return change.before.is_null() ? U"new" : change.after.is_null() ? U"gone" : U"changed";
+  }
+  if (change.kind == ChangeKind::VersionChanged) return versionOf(change.before) + U" -> " + versionOf(change.after);
   if (change.kind == ChangeKind::LocalTagReused) {
     return dumpedValueText(change.after) + U", which stood for " + dumpedValueText(change.before);
   }
@@ -140,13 +144,14 @@ void appendDump(std::string& page, const char32_t* title, const DictionaryDump& 
 }  // namespace
 
 std::string differenceText(const DictionaryDump& before, const DictionaryDump& after,
-                           const std::vector<Change>& changes, bool withSummary) {
+                           const std::vector<Change>& changes, bool withHeader) {
   std::string page;
-  appendDump(page, U"Old: ", before);
-  appendDump(page, U"New: ", after);
+  if (withHeader) {
+    appendDump(page, U"Old: ", before);
+    appendDump(page, U"New: ", after);
+  }
   appendChanges(page, U"Elements that differ", changes, false);
   appendChanges(page, U"Sets that differ", changes, true);
-  if (!withSummary) return page;
   const ChangeCounts counts = countChanges(changes);
   page += '\n';
   appendParagraph(page, 0,
@@ -154,7 +159,7 @@ std::string differenceText(const DictionaryDump& before, const DictionaryDump& a
                                   : counted(counts.breaking, U"breaking change") + U", " +
                                         counted(counts.compatible, U"compatible change") + U'.',
                   Style::Heading);
-  return page;
+  return withHeader ? page : page.substr(1);  // without the empty line that parts it from the header
 }
 
 }  // namespace MXF::Tessel::Tool

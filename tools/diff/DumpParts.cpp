@@ -34,6 +34,13 @@ bool isDottedHex(std::string_view text, std::size_t bytes) {
   return true;
 }
 
+std::string upperCase(std::string text) {
+  for (char& character : text) {
+    if (character >= 'a' && character <= 'z') character -= 'a' - 'A';
+  }
+  return text;
+}
+
 /// A value in the document, with the JSON pointer (RFC 6901) to it.
 class Node {
  public:
@@ -76,8 +83,9 @@ class Node {
   }
 
   [[nodiscard]] const std::string& identifier(std::size_t bytes) const {
-    if (!isDottedHex(text(), bytes)) fail(std::to_string(bytes) + " bytes such as 06.0E");
-    return text();
+    if (isDottedHex(text(), bytes)) return text();
+    if (isDottedHex(upperCase(text()), bytes)) fail("in upper-case hexadecimal digits");
+    fail(std::to_string(bytes) + " bytes such as 06.0E");
   }
 
   template <class Words>

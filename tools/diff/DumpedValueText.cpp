@@ -39,6 +39,10 @@ bool isTextType(const Json& value) {
 }
 
 std::u32string objectText(const Json& object) {
+  if (hasText(object, "name") && hasText(object, "namespace")) {
+    return printableUtf8(object.at("name").get<std::string>()) + U" of namespace " +
+           printableUtf8(object.at("namespace").get<std::string>());
+  }
   if (hasText(object, "name")) return printableUtf8(object.at("name").get<std::string>());
   if (hasText(object, "key")) return printableUtf8(object.at("key").get<std::string>());
   if (hasText(object, "label")) return printableUtf8(object.at("label").get<std::string>());

@@ -63,18 +63,28 @@ std::set<std::string> undeclaredSets(const DumpedElement& element) {
   return names;
 }
 
+/// An item of the above as a value of a change; as it is when it is of no known form.
+Json undeclaredSet(const std::string& item) {
+  const std::size_t comma = item.find(',');
+  if (comma == std::string::npos || item.front() != '[' || item.back() != ']') return item;
+  return {{"name", item.substr(1, comma - 1)}, {"namespace", item.substr(comma + 1, item.size() - comma - 2)}};
+}
+
 void compareUndeclaredSets(Comparison& comparison, const Change& about, const DumpedElement& before,
                            const DumpedElement& after) {
   const std::set<std::string> old = undeclaredSets(before);
   const std::set<std::string> now = undeclaredSets(after);
-  for (const std::string& name : missing(old, now)) comparison.add(about, ChangeKind::UndeclaredSetRemoved, name);
-  for (const std::string& name : missing(now, old)) {
-    comparison.add(about, ChangeKind::UndeclaredSetAdded, nullptr, name);
+  for (const std::string& item : missing(old, now)) {
+    comparison.add(about, ChangeKind::UndeclaredSetRemoved, undeclaredSet(item));
+  }
+  for (const std::string& item : missing(now, old)) {
+    comparison.add(about, ChangeKind::UndeclaredSetAdded, nullptr, undeclaredSet(item));
   }
 }
 
 void compareElement(Comparison& comparison, const DumpedElement& before, const DumpedElement& after) {
   const Change about = aboutElement(comparison, before.label);
+  compareVersions(comparison, about);
   compareTypes(comparison, about, before, after);
   compareAllowedSets(comparison, about, before, after);
   compareUndeclaredSets(comparison, about, before, after);

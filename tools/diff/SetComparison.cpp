@@ -3,6 +3,8 @@
 #include "diff/ComparisonSteps.h"
 #include "diff/MergedMaps.h"
 
+#include <algorithm>
+
 namespace MXF::Tessel::Tool {
 
 namespace {
@@ -37,6 +39,18 @@ void compareTagsOf(Comparison& comparison, const Change& about, const DumpedAttr
   comparison.add(about, kind, textOrNull(before.localTag), textOrNull(after.localTag));
 }
 
+/// Whether two distinguished values differ at most in the data type, which is told of the element.
+bool isSameValue(const Json& before, const Json& after) {
+  if (before.type() != after.type() || before.size() != after.size() || !before.is_structured()) return before == after;
+  if (before.is_array()) return std::equal(before.begin(), before.end(), after.begin(), isSameValue);
+  for (const auto& member : before.items()) {
+    const bool tellsType = member.key() == "dataType" || member.key() == "elementSize";
+    if (!after.contains(member.key())) return false;
+    if (!tellsType && !isSameValue(member.value(), after.at(member.key()))) return false;
+  }
+  return true;
+}
+
 void compareAttribute(Comparison& comparison, const Change& about, const DumpedAttribute& before,
                       const DumpedAttribute& after) {
   if (before.requiredStatus != after.requiredStatus) {
@@ -44,7 +58,7 @@ void compareAttribute(Comparison& comparison, const Change& about, const DumpedA
     comparison.add(about, more ? ChangeKind::RequirementAdded : ChangeKind::RequirementRemoved, before.requiredStatus,
                    after.requiredStatus);
   }
-  if (before.distinguishedValue != after.distinguishedValue) {
+  if (!isSameValue(before.distinguishedValue, after.distinguishedValue)) {
     comparison.add(about, ChangeKind::DistinguishedValueChanged, before.distinguishedValue, after.distinguishedValue);
   }
   compareTagsOf(comparison, about, before, after);
@@ -88,11 +102,31 @@ Change aboutAttribute(const Comparison& comparison, const Change& aboutItsSet, c
   return about;
 }
 
+std::string elementNames(const Comparison& comparison, const AttributeKey* first, const AttributeKey* end) {
+  std::string names;
+  for (; first != end; ++first) {
+    const Change about = aboutElement(comparison, first->first);
+    names += (names.empty() ? "" : ", ") + (about.element->name.empty() ? first->first : about.element->name);
+  }
+  return names;
+}
+
+/// @param before, after  the same attributes in both orders.
+void compareOrder(Comparison& comparison, const Change& aboutItsSet, const std::vector<AttributeKey>& before,
+                  const std::vector<AttributeKey>& after) {
+  if (before == after) return;
+  const auto first = std::mismatch(before.begin(), before.end(), after.begin()).first - before.begin();
+  const auto end = before.rend() - std::mismatch(before.rbegin(), before.rend(), after.rbegin()).first;
+  comparison.add(aboutItsSet, ChangeKind::AttributeOrderChanged,
+                 elementNames(comparison, before.data() + first, before.data() + end),
+                 elementNames(comparison, after.data() + first, after.data() + end));
+}
+
 void compareAttributes(Comparison& comparison, const Change& aboutItsSet, const DumpedSet& before,
                        const DumpedSet& after) {
   const AttributeList old(before);
   const AttributeList now(after);
-  if (old.sharedWith(now) != now.sharedWith(old)) comparison.add(aboutItsSet, ChangeKind::AttributeOrderChanged);
+  compareOrder(comparison, aboutItsSet, old.sharedWith(now), now.sharedWith(old));
   for (const auto& [key, attribute] : old.inOrder) {
     const Change about = aboutAttribute(comparison, aboutItsSet, key.first);
     if (const DumpedAttribute* counterpart = now.find(key)) {
@@ -122,6 +156,7 @@ Json baseOf(const Comparison& comparison, const DumpedSet& set) {
 
 void compareSet(Comparison& comparison, const DumpedSet& before, const DumpedSet& after) {
   const Change about = aboutSet(comparison, before.key);
+  compareVersions(comparison, about);
   if (propertyOf(before, "baseGroupUL") != propertyOf(after, "baseGroupUL")) {
     comparison.add(about, ChangeKind::BaseChanged, baseOf(comparison, before), baseOf(comparison, after));
   }
