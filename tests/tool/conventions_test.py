@@ -12,14 +12,20 @@ import unittest
 from support import ToolTest, attribute, dictionary, element, group, scheme
 
 WRONG_USAGE = [
-    ([], "a subcommand is required: dump"),
-    (["frobnicate"], "no such subcommand: frobnicate\n"),
+    ([], "a command is required: dump"),
+    (["frobnicate"], "no such command: frobnicate\n"),
     (["--frobnicate"], "no such option: --frobnicate\n"),
-    (["dupm", "--dictionary", "d.xsd"], "no such subcommand: dupm; did you mean dump?"),
-    (["--dictionary", "d.xsd", "dump"], "--dictionary comes after the subcommand, as in 'mxf-metadict dump --dictionary'"),
+    (["dupm", "--dictionary", "d.xsd"], "no such command: dupm; did you mean dump?"),
+    (["--dictionary", "d.xsd", "dump"], "--dictionary comes after the command, as in 'mxf-metadict dump --dictionary'"),
     (["dump"], "--dictionary or --scheme"),
     (["dump", "--multiplex", "m.xsd"], "--dictionary or --scheme"),
-    (["dump", "--dictionary"], "--dictionary"),
+    (["dump", "--dictionary"], "--dictionary: FILE is missing"),
+    (["dump", "--output", "--dictionary=d.xsd"], "--output: FILE is missing\nmxf-metadict: try 'mxf-metadict dump --help'"),
+    (["dump", "--output=", "--dictionary", "d.xsd"], "--output: FILE is missing"),
+    (["report", "--title", "", "--dictionary", "d.xsd"], "--title: TEXT is missing"),
+    (["help", "dupm"], "no such command: dupm; did you mean dump?"),
+    (["diff", "--multiplex", "m.xsd", "--dictionary", "d.xsd"], "--multiplex: diff takes two dumps"),
+    (["diff", "a", "b", "c"], "c: diff takes two dumps"),
     (["dump", "--dictionary", "d.xsd", "more.xsd"], "more.xsd; schemas are given with --dictionary, --scheme and"),
     (["dump", "--dictionary", "d.xsd", "--frobnicate"], "no such option: --frobnicate\n"),
     (["dump", "--dictionray", "d.xsd"], "no such option: --dictionray; did you mean --dictionary?"),
@@ -27,9 +33,9 @@ WRONG_USAGE = [
     (["dump", "d.xsd", "--SCHEME", "d.xsd"], "no such option: --SCHEME; did you mean --scheme?"),
     (["dump", "--do"], "no such option: --do; did you mean --documentation?"),
     (["dump", "--dictionary", "d.xsd", "-q"], "no such option: -q\n"),
-    (["dump", "--dictionary", "d.xsd", "--format", "xml"], "--format"),
+    (["dump", "--dictionary", "d.xsd", "--format", "xml"], "--format: there is no \"xml\", only text, json"),
     (["dump", "--dictionary", "d.xsd", "--multiplex", "m.xsd", "--multiplex", "n.xsd"], "--multiplex"),
-    (["dump", "--dictionary", "d.xsd", "--output", "o", "--output", "p"], "--output"),
+    (["dump", "--dictionary", "d.xsd", "--output", "o", "--output", "p"], "--output is given 2 times"),
 ]
 
 
@@ -46,18 +52,20 @@ class CommandLine(ToolTest):
         self.assertEqual(os.listdir(self.folder), ["d.xsd"])
 
     def test_help_and_version(self):
-        for arguments in (["--help"], ["dump", "--help"]):
+        for arguments in (["--help"], ["help"], ["dump", "--help"], ["help", "dump"]):
             with self.subTest(arguments):
                 status, output, errors = self.run_tool(*arguments)
                 self.assertEqual((status, errors), (0, b""))
                 self.assertIn("Examples:\n  mxf-metadict dump --", output.decode())
+                self.assertNotIn(b"\n\n\n", output)
                 self.assertLessEqual(max(map(len, output.decode().splitlines())), 100)
         _, output, _ = self.run_tool("dump", "--help")
         for option in ("--format", "--output", "--color", "--quiet", "--multiplex", "--abstract-groups", "--documentation",
                        "--length-description", "--keep-going", "--dictionary", "--scheme"):
             self.assertIn(f"  {option} ", output.decode())
         version = f"mxf-metadict {os.environ['MXF_METADICT_VERSION']}\n".encode()
-        self.assertEqual(self.run_tool("--version"), (0, version, b""))
+        for word in ("--version", "-v", "version"):
+            self.assertEqual(self.run_tool(word), (0, version, b""))
 
 
 class ErrorLines(ToolTest):
@@ -93,9 +101,9 @@ class ErrorLines(ToolTest):
 
     def test_a_message_of_many_lines_is_one_line(self):
         self.write("d.xsd", dictionary(element(1, "A")))
-        self.write("s.xsd", scheme(group(1, "G", attribute("A", status="a\nb\u2028c\u00e9\u0085d"))))
+        self.write("s.xsd", scheme(group(1, "G", attribute("A", status="a\nb\u2028c\u00e9\u0085d\u202e"))))
         self.check(["--dictionary", "d.xsd", "--scheme", "s.xsd"],
-                   r"s\.xsd:1:\d+: error: Unknown required status: a b cé d \[InvalidValue\]")
+                   r"s\.xsd:1:\d+: error: Unknown required status: a b cé d\ufffd \[InvalidValue\]")
 
     def test_nothing_is_loaded_after_a_failure(self):
         self.write("malformed.xsd", "<")

@@ -22,12 +22,12 @@ class Manual(ToolTest):
     def helps(self):
         """The options by subcommand, "" for the tool itself, as --help has them."""
         text = self.run_tool("--help")[1].decode()
-        commands = declared(text, "Subcommands")
+        commands = declared(text, "Commands")
         self.assertIn("dump", commands)
-        options = {"": re.findall(r"^  (?:-h,)?(--[a-z-]+)", text, re.MULTILINE)}
+        options = {"": re.findall(r"^  (?:-[hv],)?(--[a-z-]+)", text, re.MULTILINE)}
         for command in commands:
             text = self.run_tool(command, "--help")[1].decode()
-            options[command] = re.findall(r"^  (?:-h,)?(--[a-z-]+)", text, re.MULTILINE)
+            options[command] = re.findall(r"^  (?:-[hv],)?(--[a-z-]+)", text, re.MULTILINE)
             self.assertLessEqual({"--help", "--format", "--output", "--color", "--quiet"}, set(options[command]))
             self.assertIn(f"\nExamples:\n  mxf-metadict {command} ", text)
             self.assertLessEqual(max(map(len, text.splitlines())), 100)
@@ -49,22 +49,25 @@ class Manual(ToolTest):
             start = page.index(f".SS {command}\n" if command else ".SH OPTIONS\n")
             section = page[start:re.compile(r"^\.S[HS] ", re.MULTILINE).search(page, start + 1).start()]
             for option in options:
-                self.assertRegex(section, rf"(?m)^(\\fB-h\\fR, )?\\fB{option}\\fR")
+                self.assertRegex(section, rf"(?m)^(\\fB-[hv]\\fR, )?\\fB{option}\\fR")
             words = [command, "--"] if command else ["--"]
             self.assertCountEqual(self.completions(*words), options)
 
     def test_completion_of_subcommands_and_values(self):
         self.assertEqual(self.completions("du"), ["dump"])
         self.assertEqual(self.completions("graph", "--only", ""), ["inheritance", "references"])
+        self.assertIn("shared-local-tag", self.completions("check", "--disable", ""))
+        for words in (["diff", "o"], ["diff", ""], ["explain", ""], ["dump", "--dictionary", "--"]):
+            self.assertEqual(self.completions(*words), [])  # so that bash completes file names
         self.assertEqual(self.completions("dump", "--dictionary", "d.xsd", "--format", ""), ["text", "json"])
         self.assertEqual(self.completions("dump", "--format", "=", "j"), ["json"])
         self.assertEqual(self.completions("dump", "--color", "="), ["auto", "always", "never"])
-        self.assertEqual(self.completions("dump", "--dictionary", "--"), [])  # so that bash completes file names
 
     def test_the_page_is_sound(self):
         page = PAGE.read_text(encoding="utf-8")
         self.assertIn(f"mxf\\-metadict {os.environ['MXF_METADICT_VERSION']}", page)
         self.assertIn("dictionary.xsd \\e\n", page)  # a line of an example that goes on
+        self.assertIn(".SH ENVIRONMENT\nwithout \\-\\-color, text", page)
         self.assertIn(".nf\nRules:\n  load\\-failed ", page)  # a list keeps its lines
         if shutil.which("groff"):
             done = subprocess.run(["groff", "-man", "-ww", "-z", "-Tutf8", PAGE], check=True, capture_output=True)

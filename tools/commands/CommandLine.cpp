@@ -14,9 +14,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <csignal>
 #include <exception>
+#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace MXF::Tessel::Tool {
 
@@ -31,6 +35,9 @@ constexpr const char* footer =
     "found errors, when what was asked for is not there, or when the output could not be written; 2 for\n"
     "wrong usage. Of diff: 1 when a change breaks, 2 when there is no result.\n"
     "\n"
+    "Environment: without --color, text on a terminal is in colour, unless NO_COLOR is set to some text\n"
+    "or TERM to dumb.\n"
+    "\n"
     "Examples:\n"
     "  mxf-metadict dump --multiplex multiplex.xsd --dictionary dictionary.xsd\n"
     "      lists the elements of a dictionary schema\n"
@@ -39,9 +46,35 @@ constexpr const char* footer =
     "  mxf-metadict dump --help\n"
     "      tells everything that dump can do";
 
-ExitStatus parseAndRun(CLI::App& tool, const Action& action, int argumentCount, const char* const* arguments) {
+class HelpFormatter final : public CLI::Formatter {
+ public:
+  HelpFormatter() { label("SUBCOMMAND", "COMMAND"); }
+
+  std::string make_help(const CLI::App* app, std::string name, CLI::AppFormatMode mode) const override {
+    // Options and footer are each set off by an empty line.
+    return CLI::detail::find_and_replace(CLI::Formatter::make_help(app, std::move(name), mode), "\n\n\n", "\n\n");
+  }
+};
+
+/// The words that people try where a program has commands, as what they stand for.
+std::vector<std::string> withoutSynonyms(const CLI::App& tool, std::vector<std::string> arguments) {
+  if (arguments.empty()) return arguments;
+  const auto isNamed = [&](const CLI::App* command) { return command->get_name() == arguments.front(); };
+  if (arguments.front() == "version") arguments.front() = "--version";
+  if (arguments.front() == "help") {
+    arguments.erase(arguments.begin());
+    if (arguments.empty() || !tool.get_subcommands(isNamed).empty()) arguments.emplace_back("--help");
+  }
+  return arguments;
+}
+
+ExitStatus parseAndRun(CLI::App& tool, const Action& action, const std::vector<std::string>& arguments) {
+  // Before the parser, which takes the next option for the value.
+  const std::vector<std::string> missing = missingValueLines(tool, arguments);
+  for (const std::string& line : missing) reportError(line);
+  if (!missing.empty()) return ExitStatus::WrongUsage;
   try {
-    tool.parse(argumentCount, arguments);
+    tool.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));  // it takes them from the end
   } catch (const CLI::CallForHelp&) {
     writeStandardOutput(tool.help());
     return ExitStatus::Success;
@@ -61,8 +94,9 @@ void declareTool(CLI::App& tool, Action& action) {
   tool.description(description);
   tool.footer(footer);
   tool.set_help_flag("-h,--help", "Print this help and exit");
-  tool.set_version_flag("--version", std::string(toolName) + " " TESSELMXF_VERSION, "Print the version and exit");
+  tool.set_version_flag("-v,--version", std::string(toolName) + " " TESSELMXF_VERSION, "Print the version and exit");
   tool.require_subcommand(1);
+  tool.formatter(std::make_shared<HelpFormatter>());
   for (const DeclareSubcommand declare : subcommands) declare(tool, action);
 }
 
@@ -73,7 +107,8 @@ ExitStatus runTool(int argumentCount, const char* const* arguments) {
     Action action;
     CLI::App tool("", toolName);
     declareTool(tool, action);
-    return parseAndRun(tool, action, argumentCount, arguments);
+    return parseAndRun(tool, action,
+                       withoutSynonyms(tool, {arguments + std::min(argumentCount, 1), arguments + argumentCount}));
   } catch (const std::exception& error) {
     reportError(error.what());
     return ExitStatus::Failure;

@@ -11,7 +11,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <limits>
 #include <memory>
 #include <optional>
 
@@ -23,6 +22,7 @@ constexpr const char* dotFormat = "dot";
 constexpr const char* mermaidFormat = "mermaid";
 constexpr const char* inheritanceOnly = "inheritance";
 constexpr const char* referencesOnly = "references";
+constexpr std::size_t mostDepthDigits = 9;  // more steps than any dictionary has
 
 struct GraphOptions {
   std::optional<std::string> set;
@@ -64,6 +64,12 @@ const DictionaryIndex::Set* findSet(const DictionaryIndex& index, const std::str
   return nullptr;
 }
 
+/// What is wrong with a text as a number of steps; empty when nothing is.
+std::string checkDepth(const std::string& text) {
+  const bool isNumber = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+  return isNumber && text.size() <= mostDepthDigits ? "" : text + " is no number from 0 to 999999999";
+}
+
 std::string write(const DictionaryGraph& graph, const std::string& format) {
   if (format == Formats::json) return graphJson(graph);
   return format == mermaidFormat ? graphMermaid(graph) : graphDot(graph);
@@ -92,10 +98,8 @@ void declareGraph(CLI::App& tool, Action& action) {
       ->type_name("NAME");
   const CLI::Option* depth = graph.add_option("--depth", options->depth, "How many steps around it; 1 if not given")
                                  ->type_name("NUMBER")
-                                 ->check(CLI::Range(0, std::numeric_limits<int>::max()).description(""));
-  graph.add_option("--only", options->only, "Leave out the other arrows")
-      ->type_name(std::string(inheritanceOnly) + "|" + referencesOnly)
-      ->check(CLI::IsMember({inheritanceOnly, referencesOnly}).description(""));
+                                 ->check(checkDepth, "");
+  declareChoice(graph, "--only", options->only, {inheritanceOnly, referencesOnly}, "Leave out the other arrows");
   declareFileOptions(graph, options->load);
   declareKeepGoing(graph, options->load);
   graph.callback([options, depth, &action] {

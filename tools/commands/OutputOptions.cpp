@@ -6,6 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstdlib>
 #include <unistd.h>
 
@@ -15,35 +16,46 @@ namespace {
 
 constexpr const char* outputGroup = "Output";
 
-void declareChoice(CLI::App& subcommand, const std::string& option, std::string& value,
-                   const std::vector<std::string>& choices, const std::string& help) {
-  subcommand.add_option(option, value, help + "; " + choices.front() + " if not given")
-      ->type_name(CLI::detail::join(choices, "|"))
-      ->check(CLI::IsMember(choices).description(""))
-      ->group(outputGroup);
-}
-
 /// https://no-color.org: set, and not to the empty text.
 bool isSet(const char* variable) {
   const char* value = std::getenv(variable);  // NOLINT(concurrency-mt-unsafe): the tool has one thread
   return value != nullptr && *value != '\0';
 }
 
+/// One that takes no control sequences.
+bool isDumbTerminal() {
+  const char* terminal = std::getenv("TERM");  // NOLINT(concurrency-mt-unsafe): the tool has one thread
+  return terminal != nullptr && std::string_view(terminal) == "dumb";
+}
+
 bool wantsColour(const OutputOptions& options) {
   if (options.colour != "auto") return options.colour == "always";
-  return !options.file && ::isatty(STDOUT_FILENO) == 1 && !isSet("NO_COLOR");
+  return !options.file && ::isatty(STDOUT_FILENO) == 1 && !isSet("NO_COLOR") && !isDumbTerminal();
 }
 
 }  // namespace
 
+CLI::Option& declareChoice(CLI::App& command, const std::string& option, std::string& value,
+                           const std::vector<std::string>& choices, const std::string& help) {
+  const auto check = [choices](const std::string& given) {
+    if (std::find(choices.begin(), choices.end(), given) != choices.end()) return std::string();
+    return "there is no \"" + given + "\", only " + CLI::detail::join(choices, ", ");
+  };
+  return *command.add_option(option, value, help)->type_name(CLI::detail::join(choices, "|"))->check(check, "");
+}
+
 void declareOutputOptions(CLI::App& subcommand, const std::vector<std::string>& formats, OutputOptions& options) {
   options.format = formats.front();
-  declareChoice(subcommand, "--format", options.format, formats, "Form of the output");
+  declareChoice(subcommand, "--format", options.format, formats,
+                "Form of the output; " + formats.front() + " if not given")
+      .group(outputGroup);
   subcommand
       .add_option("--output", options.file, "Write to this file, whole or not at all, not to the standard output")
       ->type_name("FILE")
       ->group(outputGroup);
-  declareChoice(subcommand, "--color", options.colour, {"auto", "always", "never"}, "Colour in text");
+  declareChoice(subcommand, "--color", options.colour, {"auto", "always", "never"},
+                "Colour in text; auto if not given: on a terminal, unless\nNO_COLOR is set or TERM is dumb")
+      .group(outputGroup);
   subcommand.add_flag("--quiet", options.quiet, "Only errors and the result: no warnings, notes or summaries")
       ->group(outputGroup);
 }

@@ -7,7 +7,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace MXF::Tessel::Tool {
 
@@ -23,6 +24,11 @@ struct OutputOptions {
   std::string colour = "auto";
   bool quiet = false;  ///< Errors and the result only: no warnings, no notes, no closing summary.
 };
+
+/// Declares an option that takes one of several words, the first one when it is not given.
+/// @return the option, for a group of its own.
+CLI::Option& declareChoice(CLI::App& command, const std::string& option, std::string& value,
+                           const std::vector<std::string>& choices, const std::string& help);
 
 /// Declares --format, --output, --color and --quiet.
 /// @param formats  what --format takes, the default first.

@@ -12,7 +12,10 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
-std::vector<std::string> subcommandNames(const CLI::App& tool) {
+constexpr const char* howToCompare =
+    "diff takes two dumps, OLD and NEW; 'mxf-metadict dump --format json --output FILE ...' makes one of schemas";
+
+std::vector<std::string> commandNames(const CLI::App& tool) {
   std::vector<std::string> names;
   for (const CLI::App* subcommand : tool.get_subcommands([](const CLI::App*) { return true; })) {
     names.push_back(subcommand->get_name());
@@ -28,6 +31,16 @@ std::vector<std::string> optionNames(const CLI::App& app) {
   return names;
 }
 
+/// The option's name without its value, as in --output=FILE.
+std::string nameIn(const std::string& argument) {
+  return argument.substr(0, argument.find('='));
+}
+
+bool isOptionOf(const CLI::App& app, const std::string& name) {
+  const std::vector<std::string> names = optionNames(app);
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
 bool looksLikeOption(const std::string& argument) {
   return argument.size() > 1 && argument.front() == '-' && argument != "--";
 }
@@ -37,26 +50,27 @@ std::string didYouMean(const std::string& given, const std::vector<std::string>&
   return near.empty() ? "" : "; did you mean " + CLI::detail::join(near, " or ") + "?";
 }
 
-/// An option that stands before the subcommand it belongs to.
+/// An option that stands before the command it belongs to.
 std::string misplacedOption(const CLI::App& tool, const std::string& option) {
   for (const CLI::App* subcommand : tool.get_subcommands([](const CLI::App*) { return true; })) {
-    const std::vector<std::string> names = optionNames(*subcommand);
-    if (std::find(names.begin(), names.end(), option) == names.end()) continue;
-    return option + " comes after the subcommand, as in 'mxf-metadict " + subcommand->get_name() + " " + option + "'";
+    if (!isOptionOf(*subcommand, option)) continue;
+    return option + " comes after the command, as in 'mxf-metadict " + subcommand->get_name() + " " + option + "'";
   }
   return "";
 }
 
 std::string describeSurplus(const CLI::App& tool, const CLI::App& app, const std::string& argument) {
-  const std::string name = argument.substr(0, argument.find('='));
+  const std::string name = nameIn(argument);
   const bool isTool = &app == &tool;
-  const std::vector<std::string> known = optionNames(app);
-  const bool isKnown = std::find(known.begin(), known.end(), name) != known.end();  // it stands behind "--"
-  if (looksLikeOption(argument) && !isKnown) {
+  const bool isBehindDashes = isOptionOf(app, name);
+  if (looksLikeOption(argument) && !isBehindDashes) {
     const std::string misplaced = isTool ? misplacedOption(tool, name) : "";
-    return misplaced.empty() ? "no such option: " + name + didYouMean(name, known) : misplaced;
+    if (!misplaced.empty()) return misplaced;
+    if (app.get_name() == "diff" && isOptionOf(*tool.get_subcommand("dump"), name)) return name + ": " + howToCompare;
+    return "no such option: " + name + didYouMean(name, optionNames(app));
   }
-  if (isTool) return "no such subcommand: " + argument + didYouMean(argument, subcommandNames(tool));
+  if (isTool) return "no such command: " + argument + didYouMean(argument, commandNames(tool));
+  if (app.get_name() == "diff") return argument + ": " + howToCompare;
   const auto isPositional = [](const CLI::Option* option) { return option->get_positional(); };
   if (!app.get_options(isPositional).empty()) {
     return "unexpected argument: " + argument + "; what holds blanks needs quotation marks around it";
@@ -64,8 +78,8 @@ std::string describeSurplus(const CLI::App& tool, const CLI::App& app, const std
   return "unexpected argument: " + argument + "; schemas are given with --dictionary, --scheme and --multiplex";
 }
 
-/// What the parser could not place, if anything. Where a subcommand was expected, the first argument is at fault; among
-/// the arguments of a subcommand an option is, since what follows it is as a rule its value.
+/// What the parser could not place, if anything. Where a command was expected, the first argument is at fault; among
+/// the arguments of a command an option is, since what follows it is as a rule its value.
 std::string describeSurplus(const CLI::App& tool, const CLI::App& app) {
   const std::vector<std::string> surplus = app.remaining();
   if (surplus.empty()) return "";
@@ -74,7 +88,41 @@ std::string describeSurplus(const CLI::App& tool, const CLI::App& app) {
   return describeSurplus(tool, app, takeFirst ? surplus.front() : *option);
 }
 
+/// An option that takes one value and was given more, if any.
+std::string repeatedOption(const CLI::App& app) {
+  for (const CLI::Option* option : app.get_options()) {
+    const bool isRepeated = option->get_multi_option_policy() == CLI::MultiOptionPolicy::Throw &&
+                            option->get_items_expected_max() == 1 && option->count() > 1;
+    if (isRepeated)
+      return option->get_name() + " is given " + std::to_string(option->count()) + " times, and takes one value";
+  }
+  return "";
+}
+
+std::string whereToRead(const CLI::App& command) {
+  return "try 'mxf-metadict " + command.get_name() + " --help'";
+}
+
 }  // namespace
+
+std::vector<std::string> missingValueLines(const CLI::App& tool, const std::vector<std::string>& arguments) {
+  const std::vector<std::string> commands = commandNames(tool);
+  if (arguments.empty() || std::count(commands.begin(), commands.end(), arguments.front()) == 0) return {};
+  const CLI::App* app = tool.get_subcommand(arguments.front());
+  for (std::size_t i = 1; i < arguments.size() && arguments[i] != "--"; ++i) {
+    const std::string name = nameIn(arguments[i]);
+    if (!isOptionOf(*app, name) || app->get_option(name)->get_items_expected_max() == 0) continue;
+    const bool hasEquals = name != arguments[i];
+    const std::string value = hasEquals                  ? arguments[i].substr(name.size() + 1)
+                              : i + 1 < arguments.size() ? arguments[i + 1]
+                                                         : "";
+    if (value.empty() || (!hasEquals && isOptionOf(*app, nameIn(value)))) {
+      return {name + ": " + app->get_option(name)->get_type_name() + " is missing", whereToRead(*app)};
+    }
+    if (!hasEquals) ++i;
+  }
+  return {};
+}
 
 std::vector<std::string> wrongUsageLines(const CLI::App& tool, const CLI::ParseError& error) {
   const std::vector<CLI::App*> chosen = tool.get_subcommands();
@@ -83,11 +131,11 @@ std::vector<std::string> wrongUsageLines(const CLI::App& tool, const CLI::ParseE
   std::string problem = describeSurplus(tool, tool);
   if (problem.empty()) problem = describeSurplus(tool, app);
   if (problem.empty() && chosen.empty()) {
-    problem = "a subcommand is required: " + CLI::detail::join(subcommandNames(tool), ", ");
+    problem = "a command is required: " + CLI::detail::join(commandNames(tool), ", ");
   }
+  if (problem.empty()) problem = repeatedOption(app);
   if (problem.empty()) problem = error.what();
-  const std::string name = chosen.empty() ? "" : " " + app.get_name();
-  return {problem, "try 'mxf-metadict" + name + " --help'"};
+  return {problem, chosen.empty() ? "try 'mxf-metadict --help'" : whereToRead(app)};
 }
 
 }  // namespace MXF::Tessel::Tool

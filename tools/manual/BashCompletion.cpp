@@ -3,6 +3,7 @@
 
 #include "manual/BashCompletion.h"
 
+#include "check/Rules.h"
 #include "manual/Declarations.h"
 
 #include <sstream>
@@ -10,6 +11,9 @@
 namespace MXF::Tessel::Tool {
 
 namespace {
+
+/// Type name of the options whose values are rules of check.
+constexpr const char* ruleType = "RULE";
 
 constexpr const char* header =
     R"(# Completion of MXF_METADICT for bash. Source it, or put it into the folder that bash-completion reads.
@@ -44,6 +48,12 @@ std::vector<std::string> subcommandNames(const CLI::App& tool) {
   return names;
 }
 
+std::vector<std::string> ruleNames() {
+  std::vector<std::string> names;
+  for (const Rule& rule : allRules()) names.emplace_back(rule.id);
+  return names;
+}
+
 std::string reply(const std::vector<std::string>& words) {
   return "mapfile -t COMPREPLY < <(compgen -W '" + joined(words, " ") + "' -- \"$current\")";
 }
@@ -52,7 +62,8 @@ std::string reply(const std::vector<std::string>& words) {
 void writeValues(std::ostream& script, const CLI::App& app, const std::string& command) {
   for (const CLI::Option* option : app.get_options()) {
     if (!takesValue(*option) || option->get_positional()) continue;
-    const std::vector<std::string> choices = choicesOf(*option);
+    std::vector<std::string> choices = choicesOf(*option);
+    if (option->get_type_name() == ruleType) choices = ruleNames();
     for (const std::string& name : namesOf(*option)) {
       script << "    " << command << ':' << name << ") " << (choices.empty() ? "" : reply(choices) + "; ")
              << "return ;;\n";
@@ -67,7 +78,10 @@ void writeNames(std::ostream& script, const CLI::App& app, const std::string& co
     for (const std::string& name : option->get_lnames()) words.push_back("--" + name);
   }
   words.insert(words.end(), more.begin(), more.end());
-  script << "    " << (command.empty() ? "''" : command) << ") " << reply(words) << " ;;\n";
+  // Where files are expected they come first, until a dash asks for an option.
+  const bool takesFiles = !app.get_options([](const CLI::Option* option) { return option->get_positional(); }).empty();
+  const std::string condition = takesFiles ? "[[ $current != -* ]] || " : "";
+  script << "    " << (command.empty() ? "''" : command) << ") " << condition << reply(words) << " ;;\n";
 }
 
 std::string replaced(std::string text, const std::string& placeholder, const std::string& value) {

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <iterator>
 #include <sstream>
 #include <string_view>
 
@@ -15,7 +16,13 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
-constexpr std::string_view exitStatus = "Exit status: ";
+/// Beginnings of paragraphs that have a section of their own.
+struct Section {
+  std::string_view beginning;
+  const char* title;
+};
+
+constexpr Section sections[] = {{"Exit status: ", "EXIT STATUS"}, {"Environment: ", "ENVIRONMENT"}};
 
 /// A text that groff shows as it is: with its backslashes, with hyphens that can be copied as ones, and with no line
 /// that is taken for a request.
@@ -124,9 +131,12 @@ void writeTool(std::ostream& page, const CLI::App& tool) {
 void writeToolFooter(std::ostream& page, const CLI::App& tool) {
   const Footer footer = footerOf(tool);
   for (const std::string& paragraph : footer.paragraphs) {
-    const bool isStatus = paragraph.compare(0, exitStatus.size(), exitStatus) == 0;
-    page << (isStatus ? ".SH EXIT STATUS\n" : ".SH NOTES\n")
-         << escaped(isStatus ? paragraph.substr(exitStatus.size()) : paragraph) << '\n';
+    const auto* section = std::find_if(std::begin(sections), std::end(sections), [&](const Section& item) {
+      return paragraph.compare(0, item.beginning.size(), item.beginning) == 0;
+    });
+    const bool isOwn = section != std::end(sections);
+    page << ".SH " << (isOwn ? section->title : "NOTES") << '\n'
+         << escaped(isOwn ? paragraph.substr(section->beginning.size()) : paragraph) << '\n';
   }
   page << ".SH EXAMPLES\n";
   writeExamples(page, footer.examples);
@@ -143,7 +153,7 @@ std::string manualPage(const CLI::App& tool, const std::string& version) {
   writeTool(page, tool);
   page << ".SH OPTIONS\n";
   writeOptions(page, tool);
-  page << ".SH SUBCOMMANDS\n";
+  page << ".SH COMMANDS\n";
   for (const CLI::App* subcommand : declaredSubcommands(tool)) writeSubcommand(page, tool, *subcommand);
   writeToolFooter(page, tool);
   return page.str();

@@ -8,7 +8,8 @@ namespace MXF::Tessel::Tool {
 /// @throws std::system_error  not all of it could be written.
 void writeStandardOutput(std::string_view text);
 
-/// Writes a message as one line to the standard error stream; line breaks in it become blanks. There is nobody to tell
+/// Writes a message as one line to the standard error stream; with printable characters only, so
+/// that line breaks become blanks. There is nobody to tell
 /// when that fails.
 /// @param message  UTF-8.
 void reportLine(std::string_view message);

@@ -39,6 +39,32 @@ bool isControl(char32_t codePoint) {
   return codePoint < 0x20 || (codePoint >= 0x7F && codePoint <= 0x9F) || codePoint == 0x2028 || codePoint == 0x2029;
 }
 
+// Embeddings, overrides and isolates of the bidirectional algorithm, which show what follows in another order, and tags,
+// which nothing shows.
+constexpr Range misleading[] = {{0x202A, 0x202E}, {0x2066, 0x2069}, {0xE0000, 0xE007F}};
+
+char32_t printableCharacter(char32_t codePoint) {
+  if (isControl(codePoint)) return U' ';
+  const bool misleads = inRanges(std::begin(misleading), std::end(misleading), codePoint);
+  return misleads || isSurrogate(codePoint) ? U'\uFFFD' : codePoint;
+}
+
+/// How many bytes the character takes that a text starts with; 0 when it starts with none.
+std::size_t sizeOfFirst(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text.front());
+  const std::size_t size = lead < 0x80 ? 1 : lead < 0xC0 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF8 ? 4 : 0;
+  if (size > text.size()) return 0;
+  const auto isTail = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
+  return std::all_of(text.begin() + 1, text.begin() + std::max<std::size_t>(size, 1), isTail) ? size : 0;
+}
+
+char32_t decoded(std::string_view character) {
+  char32_t codePoint = static_cast<unsigned char>(character.front());
+  if (character.size() > 1) codePoint &= 0x7FU >> character.size();
+  for (const char byte : character.substr(1)) codePoint = codePoint << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
+  return codePoint;
+}
+
 void appendEncoded(std::string& bytes, char32_t codePoint) {
   if (codePoint < 0x80) {
     bytes += static_cast<char>(codePoint);
@@ -81,9 +107,22 @@ std::string encode(std::u32string_view text) {
 }
 
 std::u32string printable(std::u32string text) {
-  std::replace_if(text.begin(), text.end(), isControl, U' ');
-  std::replace_if(text.begin(), text.end(), isSurrogate, U'\uFFFD');
+  std::transform(text.begin(), text.end(), text.begin(), printableCharacter);
   return text;
+}
+
+std::string printableBytes(std::string_view text) {
+  std::string result;
+  while (!text.empty()) {
+    const std::size_t size = sizeOfFirst(text);
+    if (size == 0) {
+      result += text.front();
+    } else {
+      appendEncoded(result, printableCharacter(decoded(text.substr(0, size))));
+    }
+    text.remove_prefix(std::max<std::size_t>(size, 1));
+  }
+  return result;
 }
 
 std::size_t columnsOf(char32_t codePoint) {

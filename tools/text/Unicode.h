@@ -19,8 +19,11 @@ bool isSurrogate(char32_t codePoint);
 std::string encode(std::u32string_view text);
 
 /// The text with all that would disturb a terminal or a layout taken out: control characters become blanks, lone
-/// surrogates U+FFFD.
+/// surrogates and characters that change the direction of what follows U+FFFD.
 std::u32string printable(std::u32string text);
+
+/// The same of UTF-8. Bytes that are none stay: they are of paths.
+std::string printableBytes(std::string_view text);
 
 /// The printable code points of a text.
 inline std::u32string printable(const Templates::WideString& text) {
