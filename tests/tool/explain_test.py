@@ -43,7 +43,9 @@ class Explain(ToolTest):
     def test_all_ways_to_ask(self):
         digits = label(1).replace(".", "").lower()
         for question in (label(1), label(1).lower(), digits, label(1).replace(".", " "), "Alpha Value", "A", "e:A",
-                         "urn:smpte:ul:" + ".".join(digits[i:i + 8] for i in range(0, 32, 8)), "01.02", "0102", "0x0102"):
+                         "urn:smpte:ul:" + ".".join(digits[i:i + 8] for i in range(0, 32, 8)), "01.02", "0102", "0x0102",
+                         "01 02", "01:02", "{01-02}", "{" + "-".join((digits[:8], digits[8:])) + "}",
+                         "{" + digits[16:24] + "-" + digits[24:] + "-" + digits[:16] + "}"):
             with self.subTest(question):
                 self.assertEqual(self.found(question), ["Alpha Value"])
         for question in (key(11), "Leaf Set", "Leaf", "g:Leaf"):
@@ -58,7 +60,12 @@ class Explain(ToolTest):
                 (wildcard[:21] + "0D" + wildcard[23:], [("Leaf Set", "wildcard")]),
                 ("ALPHA-value", [("Alpha Value", "case")]),
                 (key(11)[:36] + "FF" + key(11)[38:], [("Leaf Set", "bytes")]),
-                (key(11)[:20], [("Root Set", "bytes"), ("Leaf Set", "bytes"), ("Other Set", "bytes")]),
+                (key(11)[:20], [("Root Set", "part"), ("Leaf Set", "part"), ("Other Set", "part")]),
+                (key(11)[18:], [("Leaf Set", "part")]),
+                (key(11)[:20] + key(11)[23:], [("Leaf Set", "bytes")]), (key(11) + ".00", [("Leaf Set", "bytes")]),
+                ("*set", [("Root Set", "pattern"), ("Leaf Set", "pattern"), ("Other Set", "pattern")]),
+                ("al*a*ue", [("Alpha Value", "pattern")]), ("*fset*set", []),
+                ("urn:x:track", []), ("x:track", [("Track 1", "part")]),
                 ("Alhpa Value", [("Alpha Value", "spelling")]),
                 ("alpha", [("Alpha Value", "part"), ("Track 1", "part")]),
                 ("nothing like it", []), ("7F", []), ("", [])]:
@@ -138,6 +145,15 @@ class Explain(ToolTest):
                       output.decode())
         status, output, _ = self.run_tool("explain", "Gone", *self.files)
         self.assertEqual((status, output), (1, b'Nothing is called "Gone", and nothing comes near it.\n'))
+        self.write("d.xsd", dictionary(*(element(n, f"Number{n}") for n in range(17))))
+        lines = self.run_tool("explain", label(0)[:11], *self.files[:2])[1].decode().splitlines()
+        self.assertEqual((lines[0], len(lines), lines[-1]), (
+            'Nothing is called "06.0E.2B.34"; it has 4 bytes, and labels and keys have 16. These come near it:', 15,
+            "  and 5 more"))
+        self.assertEqual(json.loads(self.run_tool("explain", "--format=json", "Numb", *self.files[:2])[1])["furtherNearMisses"], 5)
+        self.write("d.xsd", dictionary())
+        self.assertEqual(self.run_tool("explain", "A", *self.files[:2])[1],
+                         b'Nothing is called "A": no elements and no sets are loaded.\n')
 
     def test_all_of_the_shipped_schemas(self):
         self.files = shipped_files("registry")

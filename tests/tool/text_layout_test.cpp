@@ -25,6 +25,7 @@ TEST(TextLayout, LinesAreBrokenWhereItHurtsLeast) {
       {U"abcdefg hi", 5, {U"abcde", U"fg hi"}},
       {U"ab.cd.ef", 7, {U"ab.cd.", U"ef"}},    // after punctuation
       {U"a.bcdefgh", 8, {U"a.bcdefg", U"h"}},  // but not for a line that is nearly empty
+      {U"abcdEfghi", 6, {U"abcd", U"Efghi"}},  // before a word of an XML name
       {U"漢字漢", 5, {U"漢字", U"漢"}},
       {U"ae\u0301bc", 3, {U"ae\u0301b", U"c"}},  // a combining character stays with its letter
       {U"abe\u0301", 3, {U"abe\u0301"}},
@@ -50,6 +51,11 @@ TEST(TextTable, OnlyTheColumnsThatMayAreMadeNarrower) {
                                      "  " + gap + std::string(3, 'w') + std::string(26, ' ') + std::string(23, 'v') +
                                      "\n      note\n");
   EXPECT_NE(page.find("\x1B[2mFixed\x1B[0m"), std::string::npos);
+  TextTable words({{std::u32string(50, U'f')}, {U"Long", true}, {U"Short", true}});
+  words.addRow({U"", std::u32string(36, U'w'), U"many short words that can be wrapped as well"});
+  page.clear();
+  words.appendTo(page);
+  EXPECT_NE(page.find(std::string(36, 'w')), std::string::npos);
   std::string none;
   TextTable({{U"Title"}}).appendTo(none);
   EXPECT_EQ(none, "");

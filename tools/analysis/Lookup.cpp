@@ -7,10 +7,10 @@
 #include "text/TextLayout.h"
 #include "text/Unicode.h"
 
-#include <Exceptions/Exceptions.h>
 #include <MetaMetadata/PropertyKeys.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <optional>
 #include <string>
@@ -27,11 +27,12 @@ namespace {
 using Bytes = std::vector<unsigned char>;
 
 constexpr std::size_t labelSize = 16;
-constexpr std::size_t versionByte = 7;        // SMPTE ST 336: version of the registry that defines the label
-constexpr unsigned char wildcard = 0x7F;      // what group keys of schemas have where those of files differ
-constexpr std::size_t shortestBeginning = 5;  // the first four bytes are the same in all labels
-constexpr std::size_t mostWrongBytes = 2;     //
-constexpr std::size_t shortestPart = 3;       // fewer letters are a part of too many names
+constexpr std::size_t versionByte = 7;    // SMPTE ST 336: version of the registry that defines the label
+constexpr unsigned char wildcard = 0x7F;  // what group keys of schemas have where those of files differ
+constexpr std::size_t tagSize = 2;
+constexpr std::size_t fewestBytes = 4;     // fewer are a part of too many labels
+constexpr std::size_t mostWrongBytes = 2;  // more make it another label
+constexpr std::size_t shortestPart = 3;    // fewer letters are a part of too many names
 constexpr std::u32string_view urnPrefix = U"urn:smpte:ul:";
 
 /// The bytes that a text writes in hexadecimal digits, or nothing when it is no such text.
@@ -39,6 +40,7 @@ std::optional<Bytes> bytesOf(const std::u32string& question) {
   std::u32string text = lowerCase(question);
   if (text.compare(0, urnPrefix.size(), urnPrefix) == 0) text.erase(0, urnPrefix.size());
   if (text.compare(0, 2, U"0x") == 0) text.erase(0, 2);
+  if (text.size() > 1 && text.front() == U'{' && text.back() == U'}') text = text.substr(1, text.size() - 2);
   std::string digits;
   for (const char32_t character : text) {
     const bool isDigit = (character >= U'0' && character <= U'9') || (character >= U'a' && character <= U'f');
@@ -53,12 +55,22 @@ std::optional<Bytes> bytesOf(const std::u32string& question) {
   return bytes;
 }
 
-std::optional<Types::LocalTag> tagOf(const Templates::WideString& question) {
-  try {
-    return Types::LocalTag(question.c_str(), textForm);
-  } catch (const Exceptions::InvalidValue&) {
-    return std::nullopt;
+/// Where labels are written as UUIDs their halves are exchanged. Which half is the first one cannot be mistaken.
+void restoreOrder(Bytes& bytes) {
+  constexpr unsigned char start[] = {0x06, 0x0E, 0x2B, 0x34};
+  if (bytes.size() != labelSize || std::equal(std::begin(start), std::end(start), bytes.begin())) return;
+  const auto middle = bytes.begin() + labelSize / 2;
+  if (std::equal(std::begin(start), std::end(start), middle)) std::rotate(bytes.begin(), middle, bytes.end());
+}
+
+std::optional<Types::LocalTag> tagOf(const std::optional<Bytes>& bytes) {
+  if (!bytes || bytes->size() != tagSize) return std::nullopt;
+  Templates::WideString text;
+  for (const unsigned char byte : *bytes) {
+    if (!text.empty()) text += L'.';
+    for (const unsigned digit : {byte / 16U, byte % 16U}) text += L"0123456789ABCDEF"[digit];
   }
+  return Types::LocalTag(text.c_str(), textForm);
 }
 
 const KLV::Key::Bytes& identifierOf(const Entry& entry) {
@@ -86,10 +98,12 @@ struct Question {
 Question questionOf(const Templates::WideString& text) {
   Question question;
   question.text = withoutExtraBlanks(printable(text));
-  const std::size_t colon = question.text.rfind(U':');
-  question.withoutPrefix = colon == std::u32string::npos ? question.text : question.text.substr(colon + 1);
+  const std::size_t colon = question.text.find(U':');
+  const bool hasPrefix = colon != std::u32string::npos && colon == question.text.rfind(U':');  // and is no namespace
+  question.withoutPrefix = hasPrefix ? question.text.substr(colon + 1) : question.text;
   question.bytes = bytesOf(question.text);
-  question.tag = tagOf(text);
+  if (question.bytes) restoreOrder(*question.bytes);
+  question.tag = tagOf(question.bytes);
   return question;
 }
 
@@ -121,12 +135,23 @@ struct Measure {
   [[nodiscard]] auto rank() const { return std::make_tuple(!isClose(), distance, nearness); }
 };
 
+/// Of bytes that are too few or too many.
+std::optional<Measure> measureNumberOfBytes(const Bytes& asked, const KLV::Key::Bytes& known) {
+  if (asked.size() < fewestBytes) return std::nullopt;
+  const auto part = std::search(known.begin(), known.end(), asked.begin(), asked.end());
+  if (part != known.end()) return Measure{Nearness::BytesPart, static_cast<std::size_t>(part - known.begin())};
+  const std::size_t shorter = std::min(asked.size(), labelSize);
+  const std::size_t longer = std::max(asked.size(), labelSize);
+  const auto shorterEnd = [shorter](auto begin) { return begin + static_cast<std::ptrdiff_t>(shorter); };
+  const auto same = std::mismatch(asked.begin(), shorterEnd(asked.begin()), known.begin()).first - asked.begin();
+  const auto sameAtEnd =
+      std::mismatch(asked.rbegin(), shorterEnd(asked.rbegin()), known.rbegin()).first - asked.rbegin();
+  const bool isOneOff = longer - shorter == 1 && static_cast<std::size_t>(same + sameAtEnd) >= shorter;
+  return isOneOff ? std::optional(Measure{Nearness::Bytes, 1}) : std::nullopt;
+}
+
 std::optional<Measure> measureBytes(const Bytes& asked, const KLV::Key::Bytes& known) {
-  if (asked.size() != labelSize) {
-    const bool isBeginning = asked.size() >= shortestBeginning && asked.size() < labelSize &&
-                             std::equal(asked.begin(), asked.end(), known.begin());
-    return isBeginning ? std::optional(Measure{Nearness::Bytes, 0}) : std::nullopt;
-  }
+  if (asked.size() != labelSize) return measureNumberOfBytes(asked, known);
   std::size_t different = 0;
   std::size_t incompatible = 0;
   for (std::size_t i = 0; i < labelSize; ++i) {
@@ -147,7 +172,38 @@ std::optional<Measure> measureName(const std::u32string& asked, const std::u32st
                                  : std::nullopt;
 }
 
+/// Whether a text is of a pattern in which asterisks stand for any text.
+bool fits(std::u32string_view pattern, std::u32string_view text) {
+  const std::size_t first = pattern.find(U'*');
+  if (first == std::u32string_view::npos) return text == pattern;
+  if (text.substr(0, first) != pattern.substr(0, first)) return false;
+  text.remove_prefix(first);
+  pattern.remove_prefix(first + 1);
+  for (std::size_t end = pattern.find(U'*'); end != std::u32string_view::npos; end = pattern.find(U'*')) {
+    const std::size_t found = text.find(pattern.substr(0, end));
+    if (found == std::u32string_view::npos) return false;
+    text.remove_prefix(found + end);
+    pattern.remove_prefix(end + 1);
+  }
+  return text.size() >= pattern.size() && text.substr(text.size() - pattern.size()) == pattern;
+}
+
+bool isPattern(const std::u32string& text) {
+  return text.find(U'*') != std::u32string::npos && text.find_first_not_of(U"* ") != std::u32string::npos;
+}
+
+std::optional<Measure> measurePattern(const Entry& entry, const std::u32string& pattern) {
+  std::vector<std::u32string> texts = namesOf(entry);
+  texts.push_back(printable(entry.element != nullptr ? entry.element->universalLabel().toString(textForm)
+                                                     : entry.set->key().toString(textForm)));
+  const bool fitsAny = std::any_of(texts.begin(), texts.end(), [&](const std::u32string& text) {
+    return fits(nameLetters(pattern), nameLetters(text));
+  });
+  return fitsAny ? std::optional(Measure{Nearness::Pattern, 0}) : std::nullopt;
+}
+
 std::optional<Measure> measure(const Entry& entry, const Question& question) {
+  if (isPattern(question.withoutPrefix)) return measurePattern(entry, question.withoutPrefix);
   std::optional<Measure> nearest;
   const auto consider = [&nearest](std::optional<Measure> found) {
     if (found && (!nearest || found->rank() < nearest->rank())) nearest = found;
@@ -165,19 +221,21 @@ bool isMuchWorse(const Measure& measure, const Measure& best) {
   return (best.isClose() && !measure.isClose()) || (areBytes && measure.distance > best.distance);
 }
 
-std::vector<NearMiss> nearMisses(const std::vector<Entry>& entries, const Question& question) {
+void findNearMisses(LookupResult& result, const std::vector<Entry>& entries, const Question& question) {
   std::vector<std::pair<Measure, Entry>> found;
   for (const Entry& entry : entries) {
     if (const std::optional<Measure> nearness = measure(entry, question)) found.emplace_back(*nearness, entry);
   }
   std::stable_sort(found.begin(), found.end(),
                    [](const auto& a, const auto& b) { return a.first.rank() < b.first.rank(); });
-  std::vector<NearMiss> misses;
   for (const auto& [nearness, entry] : found) {
-    if (isMuchWorse(nearness, found.front().first) || misses.size() == mostNearMisses) break;
-    misses.push_back({entry, nearness.nearness});
+    if (isMuchWorse(nearness, found.front().first)) break;
+    if (result.nearMisses.size() < mostNearMisses) {
+      result.nearMisses.push_back({entry, nearness.nearness});
+    } else {
+      ++result.furtherNearMisses;
+    }
   }
-  return misses;
 }
 
 std::vector<Entry> entriesOf(const DictionaryIndex& index, Sought sought) {
@@ -205,7 +263,9 @@ LookupResult lookUp(const DictionaryIndex& index, const Templates::WideString& t
   std::copy_if(entries.begin(), entries.end(), std::back_inserter(result.matches),
                [&](const Entry& entry) { return matches(entry, question, index); });
   if (!result.matches.empty()) return result;
-  result.nearMisses = nearMisses(entries, question);
+  findNearMisses(result, entries, question);
+  const std::size_t bytes = question.bytes ? question.bytes->size() : 0;
+  if (bytes > tagSize && bytes != labelSize) result.wrongNumberOfBytes = bytes;
   return result;
 }
 

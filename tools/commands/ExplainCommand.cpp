@@ -25,7 +25,8 @@ constexpr SubcommandHelp help = {
     "explain", "Tells all that the schemas say of one element or set.",
     "What to explain is given as a label or key, a local tag, a name, or an XML name. When nothing is\n"
     "called that, the exit status is 1 and what comes near it is listed: other version bytes, 7F as any\n"
-    "byte, other case, similar spelling, names that hold the text.",
+    "byte, other case, similar spelling, names and labels that hold it, and what fits a pattern such as\n"
+    "\"*Track*\".",
     "  mxf-metadict explain \"Material Package\" --multiplex multiplex.xsd \\\n"
     "                       --dictionary dictionary.xsd --scheme groups.xsd\n"
     "      tells the bases of a set, its attributes, and what refers to it\n"

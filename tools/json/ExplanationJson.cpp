@@ -174,8 +174,11 @@ const char* nearnessName(Nearness nearness) {
       return "case";
     case Nearness::Bytes:
       return "bytes";
+    case Nearness::Pattern:
+      return "pattern";
     case Nearness::Spelling:
       return "spelling";
+    case Nearness::BytesPart:
     case Nearness::Part:
       break;
   }
@@ -200,7 +203,8 @@ std::string explanationJson(const DictionaryIndex& index, const Templates::WideS
   return writeJson({{"question", jsonString(question)},
                     {"elements", std::move(elements)},
                     {"sets", std::move(sets)},
-                    {"nearMisses", std::move(nearMisses)}});
+                    {"nearMisses", std::move(nearMisses)},
+                    {"furtherNearMisses", found.furtherNearMisses}});
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -177,6 +177,10 @@ const char32_t* reasonText(Nearness nearness) {
       return U"other case or spacing";
     case Nearness::Bytes:
       return U"some other bytes";
+    case Nearness::Pattern:
+      return U"fits the pattern";
+    case Nearness::BytesPart:
+      return U"holds these bytes";
     case Nearness::Spelling:
       return U"similar spelling";
     case Nearness::Part:
@@ -192,10 +196,18 @@ std::u32string bothNames(const PropertyMap& map) {
   return nameLetters(name) == nameLetters(xmlName) ? name : name + U" (" + xmlName + U")";
 }
 
-void appendNearMisses(std::string& page, const Templates::WideString& question, const LookupResult& found) {
+void appendNearMisses(std::string& page, const DictionaryIndex& index, const Templates::WideString& question,
+                      const LookupResult& found) {
+  std::u32string text = U"Nothing is called \"" + printable(question) + U'"';
+  if (index.elements().empty() && index.sets().empty()) {
+    appendParagraph(page, 0, text + U": no elements and no sets are loaded.");
+    return;
+  }
+  if (found.wrongNumberOfBytes > 0) {
+    text += U"; it has " + decimal(found.wrongNumberOfBytes) + U" bytes, and labels and keys have 16";
+  }
   appendParagraph(page, 0,
-                  U"Nothing is called \"" + printable(question) + U"\"" +
-                      (found.nearMisses.empty() ? U", and nothing comes near it." : U". These come near it:"));
+                  text + (found.nearMisses.empty() ? U", and nothing comes near it." : U". These come near it:"));
   TextTable table({{U"Kind"}, {U"Label or key"}, {U"Name", true}, {U"How it differs", true}});
   for (const NearMiss& miss : found.nearMisses) {
     const MetaElement* element = miss.entry.element;
@@ -206,6 +218,7 @@ void appendNearMisses(std::string& page, const Templates::WideString& question, 
                   reasonText(miss.nearness)});
   }
   table.appendTo(page);
+  if (found.furtherNearMisses > 0) appendParagraph(page, indent, U"and " + decimal(found.furtherNearMisses) + U" more");
 }
 
 }  // namespace
@@ -218,7 +231,7 @@ std::string explanationText(const DictionaryIndex& index, const Templates::WideS
     if (entry.element != nullptr) appendElement(page, index, *entry.element);
     if (entry.set != nullptr) appendSet(page, index, *entry.set);
   }
-  if (found.matches.empty()) appendNearMisses(page, question, found);
+  if (found.matches.empty()) appendNearMisses(page, index, question, found);
   return page;
 }
 

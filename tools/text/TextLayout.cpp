@@ -8,6 +8,9 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
+/// Identifiers, paths and URIs have no blanks; their parts end with one of these.
+constexpr std::u32string_view separators = U"./:,;-_";
+
 /// How many characters of a text fit into a width, at least one. Combining ones stay with the one before them.
 std::size_t fittingCharacters(std::u32string_view text, std::size_t width) {
   std::size_t columns = 0;
@@ -28,9 +31,13 @@ LineEnd findLineEnd(std::u32string_view text, std::size_t fitting) {
   // The blank at which the line is broken may be the first character that does not fit.
   const std::size_t blank = text.substr(0, fitting + 1).rfind(U' ');
   if (blank != std::u32string_view::npos && blank > 0) return {blank, 1};
-  // Identifiers, paths and URIs have no blanks; their parts end with one of these.
-  const std::size_t separator = text.substr(0, fitting).find_last_of(U"./:,;-_");
+  const std::size_t separator = text.substr(0, fitting).find_last_of(separators);
   if (separator != std::u32string_view::npos && separator >= fitting / 2) return {separator + 1, 0};
+  // XML names have no separators, but words that begin with capital letters.
+  for (std::size_t i = fitting; i > fitting / 2; --i) {
+    const bool startsWord = text[i] >= U'A' && text[i] <= U'Z' && text[i - 1] >= U'a' && text[i - 1] <= U'z';
+    if (startsWord) return {i, 0};
+  }
   return {fitting, 0};
 }
 
@@ -73,6 +80,17 @@ std::vector<std::u32string> wrap(std::u32string_view text, std::size_t width) {
   }
   if (!text.empty() || lines.empty()) lines.emplace_back(text);
   return lines;
+}
+
+std::size_t longestWord(std::u32string_view text) {
+  std::size_t longest = 0;
+  std::size_t columns = 0;
+  for (const char32_t character : text) {
+    columns = character == U' ' ? 0 : columns + columnsOf(character);
+    longest = std::max(longest, columns);
+    if (separators.find(character) != std::u32string_view::npos) columns = 0;
+  }
+  return longest;
 }
 
 std::u32string withoutExtraBlanks(std::u32string_view text) {

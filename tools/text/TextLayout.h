@@ -13,10 +13,13 @@ constexpr std::size_t pageWidth = 100;
 /// Columns between two columns of text.
 constexpr std::size_t columnGap = 2;
 
-/// Breaks a text into lines of at most that many columns: at blanks where there are any, else after punctuation, else
-/// anywhere. There is at least one line.
+/// Breaks a text into lines of at most that many columns: at blanks where there are any, else after punctuation,
+/// else before a capital letter, else anywhere. There is at least one line.
 /// @param width  at least 2, the width of the widest character.
 std::vector<std::u32string> wrap(std::u32string_view text, std::size_t width);
+
+/// The columns of the longest part of a text that is not broken at blanks or after punctuation.
+std::size_t longestWord(std::u32string_view text);
 
 /// The text with each run of blanks made one, and none at its ends.
 std::u32string withoutExtraBlanks(std::u32string_view text);

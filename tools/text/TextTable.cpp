@@ -32,24 +32,35 @@ void TextTable::addRow(std::vector<std::u32string> cells, std::vector<std::u32st
   rows_.push_back({std::move(cells), std::move(notes)});
 }
 
-std::vector<std::size_t> TextTable::columnWidths() const {
-  std::vector<std::size_t> widths;
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    std::size_t width = columnsOf(columns_[i].title);
-    for (const Row& row : rows_) width = std::max(width, columnsOf(row.cells[i]));
-    widths.push_back(width);
-  }
+void TextTable::shrink(std::vector<std::size_t>& widths, const std::vector<std::size_t>& narrowest) const {
   const std::size_t available = pageWidth - rowIndent - columnGap * (widths.size() - 1);
   while (std::accumulate(widths.begin(), widths.end(), std::size_t{0}) > available) {
-    std::size_t* widest = nullptr;
+    std::size_t widest = widths.size();
     for (std::size_t i = 0; i < widths.size(); ++i) {
-      const bool canShrink = columns_[i].mayWrap && widths[i] > narrowestColumn;
-      if (canShrink && (widest == nullptr || widths[i] > *widest)) widest = &widths[i];
+      const bool canShrink = columns_[i].mayWrap && widths[i] > narrowest[i];
+      if (canShrink && (widest == widths.size() || widths[i] > widths[widest])) widest = i;
     }
-    if (widest == nullptr) break;
+    if (widest == widths.size()) return;
     // A single very wide cell would take a step for each of its columns.
-    *widest = std::min(*widest - 1, available);
+    widths[widest] = std::max(std::min(widths[widest] - 1, available), narrowest[widest]);
   }
+}
+
+std::vector<std::size_t> TextTable::columnWidths() const {
+  std::vector<std::size_t> widths;
+  std::vector<std::size_t> words;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    std::size_t width = columnsOf(columns_[i].title);
+    std::size_t word = std::max(longestWord(columns_[i].title), narrowestColumn);
+    for (const Row& row : rows_) {
+      width = std::max(width, columnsOf(row.cells[i]));
+      word = std::max(word, longestWord(row.cells[i]));
+    }
+    widths.push_back(width);
+    words.push_back(word);
+  }
+  shrink(widths, words);
+  shrink(widths, std::vector<std::size_t>(widths.size(), narrowestColumn));  // where that is not enough, inside words
   return widths;
 }
 

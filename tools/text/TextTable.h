@@ -7,7 +7,8 @@
 namespace MXF::Tessel::Tool {
 
 /// A table of the page's width, each column as wide as its widest cell. When that is too much, the columns that may be
-/// wrapped become narrower, the widest first.
+/// wrapped become narrower, the widest first: as far as no word is broken, and further only when
+/// that is not enough.
 class TextTable {
  public:
   struct Column {
@@ -31,6 +32,9 @@ class TextTable {
   };
 
   [[nodiscard]] std::vector<std::size_t> columnWidths() const;
+  /// Makes the columns that may be wrapped narrower, the widest first, until the table fits or all are as narrow as they
+  /// may be.
+  void shrink(std::vector<std::size_t>& widths, const std::vector<std::size_t>& narrowest) const;
 
   std::vector<Column> columns_;
   std::vector<Row> rows_;
