@@ -45,8 +45,9 @@ class Graph(ToolTest):
                 ([], ("ABCDE", "A-D BA CB D-E E-C")),
                 (["--only", "inheritance"], ("ABCDE", "BA CB")),
                 (["--only", "references"], ("ABCDE", "A-D B-D C-D D-E E-C")),  # inherited ones, too
-                (["--set", "B"], ("ABC", "BA CB")),
-                (["--set", key(2), "--depth", "2"], ("ABCDE", "A-D BA CB E-C")),
+                (["--set", "B"], ("ABCD", "A-D BA CB")),  # B refers to D as it inherits from A
+                (["--set", "C"], ("ABCDE", "A-D BA CB E-C")),
+                (["--set", key(2), "--depth", "2"], ("ABCDE", "A-D BA CB D-E E-C")),
                 (["--set", "B", "--depth", "0"], ("B", "")),
                 (["--set", "C", "--only", "inheritance", "--depth", "9"], ("ABC", "BA CB")),
                 (["--set", "A", "--only", "inheritance", "--depth", "1"], ("AB", "BA")),
@@ -74,11 +75,16 @@ class Graph(ToolTest):
 
     def test_a_set_that_is_not_there(self):
         self.write("s2.xsd", scheme(group(6, "F", name="Twin"), group(7, "G", name="Twin")))
-        for name, expected in [("Z", "no set is called Z"), ("ToC", "no set is called ToC"),
-                               ("TWIN", "no set is called TWIN; did you mean Twin or Twin?"),
-                               ("Twin", "2 sets are called Twin: give the key of one")]:
+        for name, expected in [("Z", 'no set is called "Z"'),
+                               ("ToC", "no set is called \"ToC\", but an element: 'mxf-metadict explain' tells which "
+                                "sets use it"),
+                               ("TWIN", 'no set is called "TWIN"; did you mean Twin or Twin?'),
+                               ("Twin", '2 sets are called "Twin": give the key of one')]:
             status, output, errors = self.run_tool("graph", *self.files, "--scheme", "s2.xsd", "--set", name)
             self.assertEqual((status, output, errors.decode()), (1, b"", f"mxf-metadict: {expected}\n"))
+        for options in ([], ["--set", "A"]):
+            self.assertEqual(self.run_tool("graph", "--dictionary", "d.xsd", *options), (
+                1, b"", b"mxf-metadict: no sets are loaded: give schemas of sets with --scheme\n"))
         for options, problem in ((["--depth", "2"], "--depth requires --set"), (["--set", "A", "--depth=-1"], "-1")):
             status, _, errors = self.run_tool("graph", *self.files, *options)
             self.assertEqual(status, 2)

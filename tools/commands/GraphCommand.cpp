@@ -11,6 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -39,7 +40,8 @@ constexpr SubcommandHelp help = {
     "with dashed lines for weak ones. Abstract sets have dashed borders.\n"
     "\n"
     "With --set the graph shows what the set derives from and refers to, what derives from or refers to\n"
-    "it, and so on in each direction, as many steps as --depth says.",
+    "it, and so on in each direction, as many steps as --depth says. A reference that the set inherits\n"
+    "is drawn from the base that it comes from: one step takes in all bases and what they refer to.",
     "  mxf-metadict graph --dictionary dictionary.xsd --scheme groups.xsd | dot -Tsvg > sets.svg\n"
     "      draws all sets\n"
     "  mxf-metadict graph --set \"Material Package\" --depth 2 --format mermaid \\\n"
@@ -48,13 +50,19 @@ constexpr SubcommandHelp help = {
 
 /// The set that a text stands for; null, and told, when there is none or more than one.
 const DictionaryIndex::Set* findSet(const DictionaryIndex& index, const std::string& name) {
-  const LookupResult found = lookUp(index, Utils::stringToWstring(name.c_str()), Sought::Sets);
+  const std::string quoted = '"' + name + '"';
+  const Templates::WideString text = Utils::stringToWstring(name.c_str());
+  const LookupResult found = lookUp(index, text, Sought::Sets);
   if (found.matches.size() == 1) return found.matches.front().set;
   if (found.matches.size() > 1) {
-    reportError(std::to_string(found.matches.size()) + " sets are called " + name + ": give the key of one");
+    reportError(std::to_string(found.matches.size()) + " sets are called " + quoted + ": give the key of one");
     return nullptr;
   }
-  std::string message = "no set is called " + name;
+  std::string message = "no set is called " + quoted;
+  if (!lookUp(index, text).matches.empty()) {
+    reportError(message + ", but an element: 'mxf-metadict explain' tells which sets use it");
+    return nullptr;
+  }
   const char* separator = "; did you mean ";
   for (const NearMiss& miss : found.nearMisses) {
     message += separator + encode(nameText(*miss.entry.set));
@@ -70,6 +78,14 @@ std::string checkDepth(const std::string& text) {
   return isNumber && text.size() <= mostDepthDigits ? "" : text + " is no number from 0 to 999999999";
 }
 
+bool hasSets(const DictionaryIndex& index, const LoadRequest& request) {
+  if (!index.sets().empty()) return true;
+  const bool hasSchemes = std::any_of(request.schemas.begin(), request.schemas.end(),
+                                      [](const SchemaFile& file) { return file.kind == FileKind::Scheme; });
+  reportError(hasSchemes ? "no sets are loaded" : "no sets are loaded: give schemas of sets with --scheme");
+  return false;
+}
+
 std::string write(const DictionaryGraph& graph, const std::string& format) {
   if (format == Formats::json) return graphJson(graph);
   return format == mermaidFormat ? graphMermaid(graph) : graphDot(graph);
@@ -78,6 +94,7 @@ std::string write(const DictionaryGraph& graph, const std::string& format) {
 ExitStatus runGraph(const GraphOptions& options) {
   return withDictionary(options.load, options.output, [&](const LoadOutcome& outcome) {
     const DictionaryIndex index(outcome.dictionary);
+    if (!hasSets(index, options.load)) return ExitStatus::Failure;
     GraphRequest request{options.only != referencesOnly, options.only != inheritanceOnly, nullptr, options.depth};
     if (options.set) {
       request.centre = findSet(index, *options.set);

@@ -39,6 +39,7 @@ class Reach {
     distance_[request.centre] = 0;
     DictionaryIndex::Sets rim{request.centre};
     for (std::size_t step = 1; step <= depth_ && !rim.empty(); ++step) {
+      if (direction_ == Direction::Forward && request.inheritance && request.references) addBases(rim, edges);
       DictionaryIndex::Sets farther;
       for (const MetaMetadataSet* set : rim) {
         for (const MetaMetadataSet* neighbour : next[set]) {
@@ -57,6 +58,19 @@ class Reach {
   }
 
  private:
+  /// Puts bases beside the sets derived from them: their references, which are drawn there only, are those sets' as well.
+  void addBases(DictionaryIndex::Sets& sets, const std::vector<GraphEdge>& edges) {
+    std::map<const MetaMetadataSet*, const MetaMetadataSet*> bases;
+    for (const GraphEdge& edge : edges) {
+      if (edge.element == nullptr) bases[edge.from] = edge.to;
+    }
+    for (std::size_t i = 0; i < sets.size(); ++i) {
+      const auto base = bases.find(sets[i]);
+      if (base == bases.end() || !distance_.emplace(base->second, distance_.at(sets[i])).second) continue;
+      sets.push_back(base->second);
+    }
+  }
+
   [[nodiscard]] const MetaMetadataSet* start(const GraphEdge& edge) const {
     return direction_ == Direction::Forward ? edge.from : edge.to;
   }

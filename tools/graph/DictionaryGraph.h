@@ -14,7 +14,7 @@ struct GraphRequest {
   bool references = true;
   const DictionaryIndex::Set* centre = nullptr;  ///< Draw what is around this set; null for all sets.
   /// How many edges from the centre: forward to what it is made of, its bases and the sets that it refers to, theirs
-  /// and so on; and backward to the sets that derive from or refer to it, but not from there forward again.
+  /// and so on, where one step takes in all bases with what they refer to if both kinds of edges are drawn; and backward to the sets that derive from or refer to it, but not from there forward again.
   std::size_t depth = 1;
 };
 

@@ -62,7 +62,11 @@ TemplateData countsData(const DictionaryIndex& index) {
   counts["abstractSets"] = numberOrNothing(std::count_if(sets.begin(), sets.end(), isAbstractSet));
   counts["elements"] = templateNumber(elements.size());
   counts["unusedElements"] = numberOrNothing(std::count_if(elements.begin(), elements.end(), isUnused));
-  counts["tags"] = templateNumber(index.dictionary().localTags().size());
+  const std::size_t tags = index.dictionary().localTags().size();
+  counts["tags"] = templateNumber(tags);
+  counts["setsNoun"] = TemplateData(sets.size() == 1 ? "set" : "sets");
+  counts["elementsNoun"] = TemplateData(elements.size() == 1 ? "element" : "elements");
+  counts["tagsNoun"] = TemplateData(tags == 1 ? "local tag" : "local tags");
   return counts;
 }
 

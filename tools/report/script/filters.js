@@ -16,7 +16,8 @@ const filters = (() => {
       article.hidden = !fits || (typed !== "" && !textOf(article).includes(typed));
       if (!article.hidden) ++shown;
     }
-    field("count").textContent = shown === articles.length ? `All ${shown} elements` : `${shown} of ${articles.length} elements`;
+    const counted = `${articles.length} element${articles.length === 1 ? "" : "s"}`;
+    field("count").textContent = shown === articles.length ? `All ${counted}` : `${shown} of ${counted}`;
     document.getElementById("no-match").hidden = shown > 0 || articles.length === 0;
   }
 
@@ -32,7 +33,14 @@ const filters = (() => {
     requestAnimationFrame(() => requestAnimationFrame(() => article.scrollIntoView()));
   }
 
-  const target = () => document.getElementById(decodeURIComponent(location.hash.slice(1)));
+  /** What the address points at, if anything: it may have been mistyped, or cut off inside an escape. */
+  function target() {
+    try {
+      return document.getElementById(decodeURIComponent(location.hash.slice(1)));
+    } catch {
+      return null;
+    }
+  }
   form.addEventListener("input", apply);
   form.addEventListener("submit", (event) => event.preventDefault());
   form.addEventListener("reset", () => setTimeout(apply));  // the fields are reset after the event
