@@ -138,7 +138,7 @@ struct Measure {
 /// Of bytes that are too few or too many.
 std::optional<Measure> measureNumberOfBytes(const Bytes& asked, const KLV::Key::Bytes& known) {
   if (asked.size() < fewestBytes) return std::nullopt;
-  const auto part = std::search(known.begin(), known.end(), asked.begin(), asked.end());
+  const auto* const part = std::search(known.begin(), known.end(), asked.begin(), asked.end());
   if (part != known.end()) return Measure{Nearness::BytesPart, static_cast<std::size_t>(part - known.begin())};
   const std::size_t shorter = std::min(asked.size(), labelSize);
   const std::size_t longer = std::max(asked.size(), labelSize);
@@ -256,16 +256,16 @@ std::u32string nameLetters(std::u32string_view name) {
   return result;
 }
 
-LookupResult lookUp(const DictionaryIndex& index, const Templates::WideString& text, Sought sought) {
-  const Question question = questionOf(text);
+LookupResult lookUp(const DictionaryIndex& index, const Templates::WideString& question, Sought sought) {
+  const Question asked = questionOf(question);
   const std::vector<Entry> entries = entriesOf(index, sought);
   LookupResult result;
   std::copy_if(entries.begin(), entries.end(), std::back_inserter(result.matches),
-               [&](const Entry& entry) { return matches(entry, question, index); });
+               [&](const Entry& entry) { return matches(entry, asked, index); });
   if (!result.matches.empty()) return result;
-  findNearMisses(result, entries, question);
-  const std::size_t bytes = question.bytes ? question.bytes->size() : 0;
-  if (bytes > tagSize && bytes != labelSize) result.wrongNumberOfBytes = bytes;
+  findNearMisses(result, entries, asked);
+  const std::size_t bytes = asked.bytes ? asked.bytes->size() : 0;
+  if (bytes >= fewestBytes && bytes != labelSize) result.wrongNumberOfBytes = bytes;
   return result;
 }
 

@@ -37,7 +37,7 @@ struct LookupResult {
   /// version, wildcards or case, nothing else.
   std::vector<NearMiss> nearMisses;
   std::size_t furtherNearMisses = 0;  ///< How many more come as near, beyond that number.
-  /// How many bytes were asked for, when they are too many for a tag and not as many as labels and keys have; else 0.
+  /// How many bytes were asked for, when they look like a label or key and are not as many; else 0.
   std::size_t wrongNumberOfBytes = 0;
 };
 
