@@ -64,7 +64,7 @@ std::string describeSurplus(const CLI::App& tool, const CLI::App& app, const std
   const bool isTool = &app == &tool;
   const bool isBehindDashes = isOptionOf(app, name);
   if (looksLikeOption(argument) && !isBehindDashes) {
-    const std::string misplaced = isTool ? misplacedOption(tool, name) : "";
+    std::string misplaced = isTool ? misplacedOption(tool, name) : "";
     if (!misplaced.empty()) return misplaced;
     if (app.get_name() == "diff" && isOptionOf(*tool.get_subcommand("dump"), name)) return name + ": " + howToCompare;
     return "no such option: " + name + didYouMean(name, optionNames(app));

@@ -16,7 +16,7 @@
 namespace MXF::Tessel::Tool {
 
 /// Where the two digits of the version byte start in a label or key.
-inline constexpr std::size_t versionDigits = 7 * 3;
+inline constexpr std::size_t versionDigits = std::size_t{7} * 3;
 
 using DumpedProperties = std::map<std::string, std::string>;
 
