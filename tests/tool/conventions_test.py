@@ -75,7 +75,7 @@ class ErrorLines(ToolTest):
                     'targetNamespace="urn:x:groups"/>')
 
     def check(self, arguments, pattern):
-        status, output, errors = self.run_tool("dump", *arguments)
+        status, output, errors = self.run_tool("dump", "--quiet", *arguments)
         self.assertEqual((status, output), (1, b""))
         self.assertRegex(errors.decode(), re.compile(rf"\A{pattern}\n\Z"))
 

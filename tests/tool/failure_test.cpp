@@ -3,6 +3,7 @@
 #include "loading/Failure.h"
 
 #include <Exceptions/Exceptions.h>
+#include <Utils/TextConversion.h>
 #include <XMLUtils/Initializer.h>
 
 #include <gtest/gtest.h>
@@ -79,26 +80,29 @@ TEST(Failures, AreNamedByTheirClassWithoutNamespace) {
   EXPECT_FALSE(failureOf([] {}));
 }
 
-TEST(Failures, ArePrintedWithTheirPlaceOnce) {
+TEST(Failures, AreToldWithTheirPlaceOnce) {
   XMLUtils::Initializer::instance();
-  const auto lineOf = [](const std::function<void()>& action) { return failureLine("f.xsd", *failureOf(action)); };
-  const Utils::SourceLocation place(std::make_shared<const Templates::WideString>(L"i.xsd"), 3, 4);
-  EXPECT_EQ(lineOf([&] {
+  const auto textOf = [](const std::function<void()>& action) {
+    const Failure failure = *failureOf(action);
+    return shownPlace(failure.place, "f.xsd") + ' ' +
+           std::string(Utils::wstringToString(messageWithoutPlace(failure).c_str()).c_str());
+  };
+  const Utils::SourceLocation place(std::make_shared<const Templates::WideString>(L"a/././i.xsd"), 3, 4);
+  EXPECT_EQ(textOf([&] {
               Exceptions::NotFound error(L"a: b", "File", 1);
               error.setDeclaration(place);
               throw error;
             }),
-            "i.xsd:3:4: error: a: b [NotFound]");
-  EXPECT_EQ(lineOf([&] {
-              Exceptions::ParseError error(L"i.xsd:3:4: a", "File", 1);
+            "a/i.xsd:3:4 a: b");
+  EXPECT_EQ(textOf([&] {
+              Exceptions::ParseError error(L"a/././i.xsd:3:4: a", "File", 1);
               error.setLocation(place);
               throw error;
             }),
-            "i.xsd:3:4: error: a [ParseError]");
-  EXPECT_EQ(lineOf([] { throw xercesc::SAXParseException(u"i.xsd:3:4: a", u"", u"i.xsd", 3, 4); }),
-            "i.xsd:3:4: error: a [SAXParseException]");
-  EXPECT_EQ(lineOf([] { throw xercesc::SAXParseException(u"i.xsd:3:4: a", nullptr, nullptr, 0, 0); }),
-            "f.xsd: error: i.xsd:3:4: a [SAXParseException]");
+            "a/i.xsd:3:4 a");
+  EXPECT_EQ(textOf([] { throw xercesc::SAXParseException(u"i.xsd:3:4: a", u"", u"i.xsd", 3, 4); }), "i.xsd:3:4 a");
+  EXPECT_EQ(textOf([] { throw xercesc::SAXParseException(u"i.xsd:3:4: a", nullptr, nullptr, 0, 0); }),
+            "f.xsd i.xsd:3:4: a");
 }
 
 }  // namespace

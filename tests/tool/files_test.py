@@ -4,7 +4,10 @@ import os
 import re
 import unittest
 
-from support import (REGISTRY_MULTIPLEX, URN_MULTIPLEX, ToolTest, attribute, dictionary, element, group, label,
+import jsonschema
+
+from json_test import SCHEMA
+from support import (REGISTRY_MULTIPLEX, URN_MULTIPLEX, ToolTest, attribute, dictionary, element, group, key, label,
                      multiplex, scheme)
 
 
@@ -26,14 +29,17 @@ class Order(ToolTest):
         self.assertEqual(len(result["sets"]), 2)
         status, _, errors = self.run_tool("dump", "--scheme", "sA.xsd", "--dictionary", "dA.xsd")
         self.assertEqual(status, 1)
-        self.assertRegex(errors, rb"\AsA\.xsd:1:\d+: error: .* \[NotFound\]\nsA\.xsd: note: groups refer to elements, and n")
+        self.assertRegex(errors, rb"\AsA\.xsd:1:\d+: error: .* \[NotFound\]\nsA\.xsd:1:\d+: note: Groups refer to elements, and n")
 
     def test_the_multiplex_decides_the_flavour(self):
         self.assertEqual(self.dump("--dictionary", "dA.xsd")["targetNamespace"], URN_MULTIPLEX)
         self.write("r.xsd", multiplex(REGISTRY_MULTIPLEX))
-        _, output, _ = self.run_tool("dump", "--format", "json", "--dictionary", "dA.xsd", "--multiplex", "r.xsd")
+        _, output, _ = self.run_tool("dump", "--format", "json", "--keep-going", "--dictionary", "dA.xsd", "--multiplex",
+                                     "r.xsd")
         result = json.loads(output)
+        jsonschema.Draft202012Validator(SCHEMA).validate(result)
         self.assertEqual((result["targetNamespace"], result["elements"]), (REGISTRY_MULTIPLEX, []))
+        self.assertEqual([load["error"] and load["error"]["class"] for load in result["loads"]], [None, "wrong-file"])
 
     def test_options_reach_the_loader(self):
         self.write("d.xsd", dictionary(element(1, "A", documentation="About A.", Dictionary_Length="4 bytes")))
@@ -53,7 +59,7 @@ class Order(ToolTest):
 
 class KeepGoing(ToolTest):
     def dump_with_failures(self, *arguments):
-        status, output, errors = self.run_tool("dump", "--format", "json", "--keep-going", *arguments)
+        status, output, errors = self.run_tool("dump", "--format", "json", "--keep-going", "--quiet", *arguments)
         self.assertEqual(status, 1)
         result = json.loads(output)
         failed = [load for load in result["loads"] if load["error"]]
@@ -118,42 +124,128 @@ class KindAndFlavour(ToolTest):
         self.write("r/multiplex.xsd", multiplex(REGISTRY_MULTIPLEX))
         self.write("plain.xsd", dictionary('<xs:element name="A"/>'))
 
+    def test_wrong_files_are_errors_and_replace_nothing(self):
+        urn = "Leave out --multiplex, or give --multiplex with a schema of the target namespace " + URN_MULTIPLEX
+        registry = "Add --multiplex r/multiplex.xsd"
+        cases = [
+            (["--dictionary", "r/d.xsd"], "declares no elements in the URN flavour, but 2 elements in the registry flavour",
+             registry),
+            (["--dictionary", "d.xsd", "--scheme", "r/s.xsd"],
+             "declares no groups in the URN flavour, but 1 group in the registry flavour", registry),
+            (["--dictionary", "d.xsd", "--scheme", "r/mixed.xsd"],
+             "declares abstract groups only in the URN flavour, but 2 groups in the registry flavour", registry),
+            (["--multiplex", "r/multiplex.xsd", "--dictionary", "d.xsd"],
+             "declares no elements in the registry flavour, but 2 elements in the URN flavour", urn),
+            (["--dictionary", "s.xsd"], "declares no elements, but 1 group", "Give it with --scheme"),
+            (["--dictionary", "d.xsd", "--scheme", "r/d.xsd"], "declares no groups, but 2 elements",
+             "Give it with --dictionary"),
+            (["--dictionary", "d.xsd", "--scheme", "m.xsd"], "declares no groups, as it is a multiplex schema",
+             "Give it with --multiplex"),
+        ]
+        self.write("r/mixed.xsd", (self.folder / "r/s.xsd").read_text().replace("</xs:schema>", "")
+                   + group(2, "H").replace("urn:SMPTE:MXF:XMLInterface:Groups:", self.REGISTRY[
+                       "urn:SMPTE:MXF:XMLInterface:Groups:"])
+                   + group(3, "I").replace('type="g:IType"', 'type="g:IType" abstract="true"') + "</xs:schema>")
+        self.write("good", "good")
+        for arguments, text, remedy in cases:
+            with self.subTest(arguments):
+                error = f"{arguments[-1]}: error: {text} [wrong-file]\n"
+                expected = error + f"{arguments[-1]}: note: {remedy}.\n"
+                status, output, errors = self.run_tool("dump", *arguments, "--output", "good")
+                self.assertEqual((status, output, errors.decode()), (1, b"", expected))
+                self.assertEqual(self.run_tool("dump", "--quiet", *arguments), (1, b"", error.encode()))
+                self.assertEqual((self.folder / "good").read_text(), "good")
+                status, output, errors = self.run_tool("dump", "--keep-going", *arguments)
+                self.assertIn(b"  wrong-file\n", output)
+        same = self.run_tool("dump", "--keep-going", "--dictionary", "r/d.xsd", "--scheme", "r/s.xsd")[2].decode()
+        self.assertEqual((same.count("[wrong-file]"), same.count("note: Add --multiplex")), (2, 1))
+
     def test_warnings(self):
         there = "no declaration at its top level has the annotation that marks one, in either flavour"
-        cases = [
-            (["--dictionary", "r/d.xsd"], 1, "r/d.xsd: warning: declares no elements in the URN flavour, but 2 elements "
-             "in the registry flavour: add --multiplex r/multiplex.xsd"),
-            (["--dictionary", "d.xsd", "--scheme", "r/s.xsd"], 1, "r/s.xsd: warning: declares no groups in the URN "
-             "flavour, but 1 group in the registry flavour: add --multiplex r/multiplex.xsd"),
-            (["--multiplex", "r/multiplex.xsd", "--dictionary", "d.xsd"], 1, "d.xsd: warning: declares no elements in "
-             "the registry flavour, but 2 elements in the URN flavour: leave out --multiplex, or give --multiplex with "
-             f"a schema of the target namespace {URN_MULTIPLEX}"),
-            (["--dictionary", "s.xsd"], 1, "s.xsd: warning: declares no elements, but 1 group: give it with --scheme"),
-            (["--dictionary", "d.xsd", "--scheme", "r/d.xsd"], 1,
-             "r/d.xsd: warning: declares no groups, but 2 elements: give it with --dictionary"),
-            (["--dictionary", "d.xsd", "--scheme", "m.xsd"], 1,
-             "m.xsd: warning: declares no groups, as it is a multiplex schema: give it with --multiplex"),
-            # These may be meant so, but nothing at all is not.
-            (["--dictionary", "plain.xsd"], 1, f"plain.xsd: warning: declares no elements: {there}"),
-            (["--dictionary", "d.xsd", "--scheme", "plain.xsd"], 0, f"plain.xsd: warning: declares no groups: {there}"),
-            (["--dictionary", "d.xsd", "--scheme", "abstract.xsd"], 0,
-             "abstract.xsd: warning: declares abstract groups only: add --abstract-groups"),
-        ]
-        for arguments, expected, warning in cases:
+        empty = "plain.xsd: error: no element was loaded from this file or those before it [empty-dictionary]\n"
+        for arguments, expected, warning, error in (
+                (["--dictionary", "plain.xsd"], 1, f"declares no elements: {there}", empty),
+                (["--dictionary", "d.xsd", "--scheme", "plain.xsd"], 0, f"declares no groups: {there}", ""),
+                (["--dictionary", "d.xsd", "--scheme", "abstract.xsd"], 0,
+                 "declares abstract groups only: add --abstract-groups", "")):
             with self.subTest(arguments):
                 status, output, errors = self.run_tool("dump", *arguments)
-                self.assertEqual((status, errors.decode()), (expected, warning + "\n"))
-                self.assertIn(b"\nElements: ", output)
-                self.assertEqual(self.run_tool("dump", "--quiet", *arguments), (expected, output, b""))
+                self.assertEqual((status, errors.decode()), (expected, f"{arguments[-1]}: warning: {warning}\n{error}"))
+                self.assertEqual(b"\nElements: " in output, not error)
+                self.assertEqual(self.run_tool("dump", "--quiet", *arguments), (expected, output, error.encode()))
 
     def test_notes_on_a_multiplex_that_is_none(self):
-        for name, note in (("d.xsd", "it declares 2 elements: give it with --dictionary"),
-                           ("r/s.xsd", "it declares 1 group: give it with --scheme"),
-                           ("plain.xsd", f"a multiplex schema has the target namespace {URN_MULTIPLEX} or "
-                                         f"{REGISTRY_MULTIPLEX}")):
+        for name, note in (("d.xsd", "It declares 2 elements: give it with --dictionary."),
+                           ("r/s.xsd", "It declares 1 group: give it with --scheme."),
+                           ("plain.xsd", f"A multiplex schema has the target namespace {URN_MULTIPLEX} or "
+                                         f"{REGISTRY_MULTIPLEX}.")):
             status, output, errors = self.run_tool("dump", "--multiplex", name, "--dictionary", "d.xsd")
             self.assertEqual((status, output), (1, b""))
             self.assertEqual(errors.decode().splitlines()[1], f"{name}: note: {note}")
+
+
+class Explanations(ToolTest):
+    """What a failure means, beside the text of the library: the same for every command."""
+
+    def notes(self, *names, options=()):
+        arguments = [part for name in names for part in ("--dictionary" if name.startswith("d") else "--scheme", name)]
+        return [line.partition(" note: ")[2] for line in
+                self.run_tool("dump", "--keep-going", *options, *arguments)[2].decode().splitlines() if " note: " in line]
+
+    def test_each_has_its_note(self):
+        self.write("d.xsd", dictionary(element(1, "A")))
+        good = element(2, "B")
+        elements = {
+            "An element with this label": good + good, 'Neither a label nor a key: " 06"': good.replace(label(2), " 06"),
+            'The element has the type "t:Nothing".': element(2, "B", "Nothing"),
+            "Dictionary:ElementName": good.replace("ElementName", "Name"),
+            "Dictionary:ElementUL": good.replace(label(2), "")}
+        abstract = group(1, "G").replace('type="g:GType"', 'type="g:GType" abstract="true"')
+        groups = {
+            "A required status is Req, Opt, D/req, E/req or B.Effort, exactly so, and not \"Req \"":
+                group(1, "G", attribute("A", "Req ")),
+            "Take out the blanks": group(1, "G", attribute("A", "Req ")),
+            "such as 80.01.": group(1, "G", attribute("A", tag_text="1")),
+            "a set with this key".capitalize(): group(1, "G") + group(1, "H"),
+            "in the annotation urn:SMPTE:MXF:XMLInterface:Groups:Key": group(1, "G").replace(key(1), ""),
+            "With --abstract-groups every": abstract.replace(key(1), ""),
+            "Declare the type, or import": group(1, "G", base="Other"),
+            "correct the reference": group(1, "G", attribute("None"))}
+        for expected, text in elements.items():
+            self.write("d2.xsd", dictionary(text))
+            self.assertIn(expected, " ".join(self.notes("d.xsd", "d2.xsd")))
+        for expected, text in groups.items():
+            self.write("s.xsd", scheme(text))
+            self.assertIn(expected, " ".join(self.notes("d.xsd", "s.xsd", options=["--abstract-groups"])))
+        (self.folder / "d").mkdir()
+        for name, expected in (("d", "directory"), ("", "is empty"), ("dx", "is not there")):
+            self.assertIn(expected, " ".join(self.notes(name)))
+        self.write("n.xsd", "<schema xmlns='http://www.w3.org/2001/XMLSchema' targetNamespace='urn:x'/>")
+        self.assertIn("must bind the prefix xs", " ".join(self.notes("n.xsd")))
+
+    def test_one_fault_of_an_import_is_told_once(self):
+        (self.folder / "i").mkdir()
+        self.write("i/b.xsd", scheme("<x>"))
+        self.write("d.xsd", dictionary(element(1, "A")))
+        for name in "ab":
+            self.write(f"i/s{name}.xsd", scheme('<xs:import namespace="urn:x:b" schemaLocation="./b.xsd"/>'
+                                                + group(1, "G", base="B").replace('"g:BType', '"b:BType'))
+                       .replace("xmlns:e=", 'xmlns:b="urn:x:b" xmlns:e='))
+        files = ["--keep-going", "--dictionary", "d.xsd", "--scheme", "i/sa.xsd", "--scheme", "i/sb.xsd"]
+        lines = self.run_tool("dump", *files)[2].decode().splitlines()
+        self.assertRegex(lines[0], r"^i/b\.xsd:1:\d+: error: .* \[SAXParseException\]$")
+        place = lines[0].partition(": error")[0]
+        self.assertEqual(lines[1:], [
+            f"{place}: note: Correct the XML of the imported schema.",
+            "i/sa.xsd: note: The error was met while loading this file, which needs the other one.",
+            f"i/sb.xsd: error: stopped by the error at {place}, which is told above [SAXParseException]"])
+        found = json.loads(self.run_tool("check", "--format", "json", *files[1:])[1])["findings"]
+        self.assertEqual([[other["place"]["path"] for other in finding["related"]] for finding in found],
+                         [["i/sa.xsd", "i/sb.xsd"]])
+
+    def test_the_rest_is_left_out_unless_asked_for(self):
+        notes = self.run_tool("dump", "--dictionary", "absent", "--dictionary", "b", "--dictionary", "c")[2]
+        self.assertIn(b"absent: note: Nothing is printed, and 2 more files were not looked at; --keep-going", notes)
 
 
 class Paths(ToolTest):
@@ -175,7 +267,7 @@ class Paths(ToolTest):
 
     def test_error_lines_name_the_file_by_its_bytes(self):
         for path in (b"absent \xff%41.xsd", "\u00e4\u6f22\U0001f600.xsd".encode()):
-            status, output, errors = self.run_tool("dump", "--dictionary", path)
+            status, output, errors = self.run_tool("dump", "--quiet", "--dictionary", path)
             self.assertEqual((status, output), (1, b""))
             self.assertEqual(errors, path + b": error: " + path + b" file Not Found! [IOError]\n")
 

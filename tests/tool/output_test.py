@@ -4,7 +4,7 @@ import resource
 import stat
 import unittest
 
-from support import ToolTest, dictionary, element
+from support import URN_MULTIPLEX, ToolTest, dictionary, element, multiplex
 
 
 class Output(ToolTest):
@@ -105,6 +105,20 @@ class Output(ToolTest):
             self.assertEqual(self.dump_to(fifo)[0], 0)
             self.assertTrue(stat.S_ISFIFO(os.stat(fifo).st_mode))
             self.assertEqual(reader.read(len(self.new)), self.new)
+
+
+    def test_what_is_read_is_not_replaced(self):
+        self.write("d.xsd", dictionary(element(1)))
+        os.link(self.folder / "d.xsd", self.folder / "link.xsd")
+        self.write("m.xsd", multiplex(URN_MULTIPLEX))
+        before = (self.folder / "d.xsd").read_text()
+        for arguments in (["dump", "--dictionary", "d.xsd"], ["check", "--dictionary", "d.xsd"], ["diff", "d.xsd", "m.xsd"],
+                          ["dump", "--multiplex", "d.xsd", "--dictionary", "m.xsd"], ["report", "--scheme", "d.xsd"]):
+            with self.subTest(arguments):
+                status, output, errors = self.run_tool(*arguments, "--output", "./link.xsd")
+                self.assertEqual((status, output), (2, b""))
+                self.assertEqual(errors, b"mxf-metadict: --output would replace d.xsd, which is to be read\n")
+                self.assertEqual((self.folder / "d.xsd").read_text(), before)
 
 
 if __name__ == "__main__":

@@ -44,7 +44,8 @@ TEST(ReportPage, HostileTextsStayTexts) {
   setTexts(set, {PropertyKeys::name, PropertyKeys::documentation, PropertyKeys::xmlTagName,
                  PropertyKeys::xmlNamespaceURI, PropertyKeys::baseGroupLabel});
   outcome.dictionary.addMetaMetadataSet(key, set);
-  outcome.loads.push_back({{FileKind::Scheme, "</script>"}, Failure{"Oops", std::nullopt, hostile, {}}, std::nullopt});
+  outcome.loads.push_back(
+      {{FileKind::Scheme, "</script>"}, Failure{"Oops", std::nullopt, hostile, {}}, {}, std::nullopt, std::nullopt});
 
   const std::string page = reportPage(outcome, hostile);
   EXPECT_EQ(count(page, "</script>"), 2U);

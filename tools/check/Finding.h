@@ -1,5 +1,7 @@
 #pragma once
 
+#include "loading/Failure.h"
+
 #include <Templates/Containers.h>
 #include <Utils/SourceLocation.h>
 
@@ -20,7 +22,7 @@ struct Place {
 };
 
 inline Place placeAt(const Utils::SourceLocation& location) {
-  return {location.path(), location.line(), location.column()};
+  return {shownPath(location.path()), location.line(), location.column()};
 }
 
 /// Another place that a finding is about.

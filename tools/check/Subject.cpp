@@ -26,7 +26,7 @@ List sorted(List list, const Subject& subject) {
 
 Subject::Subject(const LoadOutcome& outcome, const DictionaryIndex& index) : outcome_(outcome), index_(index) {
   for (const LoadRecord& load : outcome.loads) {
-    ranks_.emplace(Utils::stringToWstring(load.file.path.c_str()), ranks_.size());
+    ranks_.emplace(shownPath(Utils::stringToWstring(load.file.path.c_str())), ranks_.size());
   }
   elements_ = sorted(index.elements(), *this);
   sets_ = sorted(index.sets(), *this);

@@ -1,6 +1,6 @@
 #include "commands/LoadOptions.h"
 
-#include "output/StandardStreams.h"
+#include "commands/TroubleReport.h"
 
 #include <CLI/CLI.hpp>
 
@@ -24,6 +24,18 @@ void declareSchemaOption(CLI::App& subcommand, LoadRequest& request, FileKind ki
 
 void declareSwitch(CLI::App& subcommand, const char* name, bool& value, const char* help) {
   subcommand.add_flag(name, value, help)->group(schemaGroup);
+}
+
+constexpr const char* noElementsText = "no element was loaded from this file or those before it [empty-dictionary]";
+
+/// That files after one that failed were not looked at, if there are any.
+void tellOfKeepGoing(const LoadRequest& request, const LoadOutcome& outcome, const TroubleReport& trouble) {
+  const std::size_t files = request.schemas.size() + (request.multiplex ? 1 : 0);
+  const std::size_t left = files - outcome.loads.size();
+  if (left == 0) return;
+  trouble.tellNote(outcome.loads.back().file.path, "Nothing is printed, and " + std::to_string(left) +
+                                                       (left == 1 ? " more file was" : " more files were") +
+                                                       " not looked at; --keep-going loads what can be loaded.");
 }
 
 }  // namespace
@@ -53,16 +65,30 @@ void requireSchemas(const LoadRequest& request) {
   if (request.schemas.empty()) throw CLI::RequiredError("--dictionary or --scheme");
 }
 
+bool outputIsInput(const LoadRequest& request, const OutputOptions& output) {
+  std::vector<std::string> inputs;
+  if (request.multiplex) inputs.push_back(*request.multiplex);
+  for (const SchemaFile& file : request.schemas) inputs.push_back(file.path);
+  return outputIsInput(output, inputs);
+}
+
 ExitStatus withDictionary(const LoadRequest& request, const OutputOptions& output,
                           const std::function<ExitStatus(const LoadOutcome&)>& action) {
+  if (outputIsInput(request, output)) return ExitStatus::WrongUsage;
   LoadOutcome outcome;
-  const LoadResult result = loadSchemas(request, outcome, [&](const LoadRecord& record) {
-    if (record.failure) reportLine(failureLine(record.file.path, *record.failure));
-    if (record.advice && !output.quiet) reportLine(adviceLine(record));
-  });
-  if (result == LoadResult::Failed && !request.keepGoing) return ExitStatus::Failure;
+  TroubleReport trouble(output);
+  bool isComplete = loadSchemas(request, outcome, [&](const LoadRecord& record) { trouble.tell(record); });
+  const MetaMetadata::Dictionary& dictionary = outcome.dictionary;
+  if (isComplete && dictionary.metaElementBegin() == dictionary.metaElementEnd()) {
+    trouble.tellError(outcome.loads.back().file.path, noElementsText);
+    isComplete = false;
+  }
+  if (!isComplete && !request.keepGoing) {
+    tellOfKeepGoing(request, outcome, trouble);
+    return ExitStatus::Failure;
+  }
   const ExitStatus status = action(outcome);
-  return status == ExitStatus::Success && result != LoadResult::Complete ? ExitStatus::Failure : status;
+  return status == ExitStatus::Success && !isComplete ? ExitStatus::Failure : status;
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -21,10 +21,14 @@ void declareContentOptions(CLI::App& subcommand, LoadRequest& request);
 /// @throws CLI::ParseError  the command line named neither a dictionary nor a scheme.
 void requireSchemas(const LoadRequest& request);
 
+/// Whether the output would replace one of the schemas; if so, that is told.
+bool outputIsInput(const LoadRequest& request, const OutputOptions& output);
+
 /// Loads the schemas, tells what went wrong on the standard error stream, and passes what was loaded on.
-/// @param action  not called when a file failed, unless the request says to keep going.
-/// @return the worse of the action's status and that of the loading: Failure when a file failed, or when one declares
-///         nothing of what it was given for.
+/// @param action  not called when a file failed, is not what it was given as, or no element was loaded, unless the request
+///                says to keep going.
+/// @return the worse of the action's status and that of the loading: Failure when the action is not called without
+///         keeping going, WrongUsage when the output would replace a schema.
 ExitStatus withDictionary(const LoadRequest& request, const OutputOptions& output,
                           const std::function<ExitStatus(const LoadOutcome&)>& action);
 

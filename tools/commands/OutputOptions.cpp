@@ -2,12 +2,13 @@
 
 #include "output/OutputFile.h"
 #include "output/StandardStreams.h"
-#include "text/TextLayout.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 #include <unistd.h>
 
 namespace MXF::Tessel::Tool {
@@ -28,9 +29,14 @@ bool isDumbTerminal() {
   return terminal != nullptr && std::string_view(terminal) == "dumb";
 }
 
-bool wantsColour(const OutputOptions& options) {
+bool wantsColour(const OutputOptions& options, int descriptor) {
   if (options.colour != "auto") return options.colour == "always";
-  return !options.file && ::isatty(STDOUT_FILENO) == 1 && !isSet("NO_COLOR") && !isDumbTerminal();
+  return ::isatty(descriptor) == 1 && !isSet("NO_COLOR") && !isDumbTerminal();
+}
+
+const char* nameOfKind(Style kind) {
+  if (kind == Style::Error) return "error:";
+  return kind == Style::Warning ? "warning:" : "note:";
 }
 
 }  // namespace
@@ -62,12 +68,29 @@ void declareOutputOptions(CLI::App& subcommand, const std::vector<std::string>& 
 
 void writeResult(const OutputOptions& options, std::string_view result) {
   const bool isStyled = options.format == Formats::text;
-  const std::string plain = isStyled && !wantsColour(options) ? withoutStyles(result) : std::string(result);
+  const bool isColoured = options.colour == "always" || (!options.file && wantsColour(options, STDOUT_FILENO));
+  const std::string plain = isStyled && !isColoured ? withoutStyles(result) : std::string(result);
   if (options.file) {
     replaceFile(*options.file, plain);
   } else {
     writeStandardOutput(plain);
   }
+}
+
+bool outputIsInput(const OutputOptions& options, const std::vector<std::string>& inputs) {
+  std::error_code ignored;
+  if (!options.file || !std::filesystem::is_regular_file(*options.file, ignored)) return false;
+  for (const std::string& input : inputs) {
+    if (!std::filesystem::equivalent(*options.file, input, ignored)) continue;
+    reportError("--output would replace " + input + ", which is to be read");
+    return true;
+  }
+  return false;
+}
+
+void reportProblem(const OutputOptions& options, const std::string& place, Style kind, const std::string& text) {
+  if (!wantsColour(options, STDERR_FILENO)) return reportLine(place + ": " + nameOfKind(kind) + ' ' + text);
+  reportLine(inStyle(place + ':', Style::Name) + ' ' + inStyle(nameOfKind(kind), kind) + ' ' + text);
 }
 
 }  // namespace MXF::Tessel::Tool

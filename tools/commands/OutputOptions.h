@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/TextLayout.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,8 +39,15 @@ void declareOutputOptions(CLI::App& subcommand, const std::vector<std::string>& 
 
 /// Writes a result where the options say: to the file, whole or not at all, or to the standard output.
 /// @param result  UTF-8. Of a page for people (text/TextLayout.h) the styles are kept when colour is wanted: always,
-///                or, with "auto", by a terminal while NO_COLOR is not set.
+///                or, with "auto", by a terminal that is not dumb while NO_COLOR is not set.
 /// @throws std::system_error  it could not be written.
 void writeResult(const OutputOptions& options, std::string_view result);
+
+/// Whether the output would replace one of these files, under whatever name; if so, that is told.
+bool outputIsInput(const OutputOptions& options, const std::vector<std::string>& inputs);
+
+/// Writes "PLACE: KIND: TEXT" as one line to the standard error stream, in colour as the options say.
+/// @param kind  Error, Warning, or Hint for a note.
+void reportProblem(const OutputOptions& options, const std::string& place, Style kind, const std::string& text);
 
 }  // namespace MXF::Tessel::Tool

@@ -1,6 +1,6 @@
 #include "loading/AnnotatedValues.h"
 
-#include "loading/SchemaContents.h"
+#include "loading/Annotations.h"
 #include "loading/SchemaDocument.h"
 
 #include <XMLUtils/SourcePosition.h>
@@ -19,9 +19,6 @@ using xercesc::DOMElement;
 using xercesc::DOMNode;
 
 namespace {
-
-constexpr std::u16string_view urnSource = u"urn:SMPTE:MXF:XMLInterface:Groups::DistinguishedValue";
-constexpr std::u16string_view registrySource = u"http://www.smpte-ra.org/schemas/434/Groups/DistinguishedValue";
 
 /// The declaration that an appinfo annotates, or null.
 const DOMElement* declarationOf(const DOMElement& appinfo) {
@@ -60,7 +57,7 @@ std::map<Position, WideString> valuesOf(const xercesc::DOMDocument& document, st
 std::map<Position, WideString> annotatedValues(const WideString& path, const WideString& flavour) {
   std::map<Position, WideString> values;
   lookInto(path, [&](const xercesc::DOMDocument& document) {
-    values = valuesOf(document, flavour == urnMultiplexNamespace ? urnSource : registrySource);
+    values = valuesOf(document, annotationsOf(flavour).distinguishedValue);
   });
   return values;
 }

@@ -89,9 +89,17 @@ Templates::WideString messageWithoutPlace(const Failure& failure) {
   return isNamed ? failure.message.substr(start.size()) : failure.message;
 }
 
-std::string failureLine(const std::string& file, const Failure& failure) {
-  const std::string place = failure.place.isKnown() ? narrow(failure.place.toString()) : file;
-  return place + ": error: " + narrow(messageWithoutPlace(failure)) + " [" + failure.className + ']';
+Templates::WideString shownPath(const Templates::WideString& path) {
+  Templates::WideString shown = path;
+  for (std::size_t found = shown.find(L"/./"); found != Templates::WideString::npos;
+       found = shown.find(L"/./", found)) {
+    shown.erase(found, 2);
+  }
+  return shown;
+}
+
+std::string shownPlace(const Utils::SourceLocation& place, const std::string& file) {
+  return place.isKnown() ? narrow(shownPath(place.toString())) : file;
 }
 
 }  // namespace MXF::Tessel::Tool

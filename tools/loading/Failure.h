@@ -17,6 +17,12 @@ struct Failure {
   Utils::SourceLocation place;    ///< Where the fault is; unknown for many.
 };
 
+/// What stands for the class of an exception when a file is of another kind or flavour than it was given as; the same as
+/// the rule of check.
+inline constexpr const char* wrongFileClass = "wrong-file";
+/// The same when no file declares an element.
+inline constexpr const char* emptyDictionaryClass = "empty-dictionary";
+
 /// Runs the action and gives its failure, or nothing when it returns. An exception of the XML libraries is named by the
 /// base class that the libraries document; one of our own family, or of the standard library, by its own class.
 std::optional<Failure> failureOf(const std::function<void()>& action);
@@ -24,9 +30,10 @@ std::optional<Failure> failureOf(const std::function<void()>& action);
 /// The message without the "PATH:LINE:COLUMN: " that those of the parser begin with; other messages as they are.
 Templates::WideString messageWithoutPlace(const Failure& failure);
 
-/// The failure as compilers write theirs, so that editors jump there: "PATH:LINE:COLUMN: error: message [Class]", or
-/// without line and column when they are not known. UTF-8; may have as many lines as the message.
-/// @param file  named when the failure has no place.
-std::string failureLine(const std::string& file, const Failure& failure);
+/// The path as it is printed: without the "./" that an import's location adds in its middle.
+Templates::WideString shownPath(const Templates::WideString& path);
+
+/// "PATH:LINE:COLUMN" as it is printed, or the file when the place is not known.
+std::string shownPlace(const Utils::SourceLocation& place, const std::string& file);
 
 }  // namespace MXF::Tessel::Tool

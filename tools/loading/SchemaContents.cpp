@@ -3,6 +3,7 @@
 
 #include "loading/SchemaContents.h"
 
+#include "loading/Annotations.h"
 #include "loading/SchemaDocument.h"
 
 #include <Utils/TextConversion.h>
@@ -20,11 +21,6 @@ using xercesc::DOMElement;
 
 namespace {
 
-constexpr std::u16string_view urnLabel = u"urn:SMPTE:MXF:XMLInterface:Dictionary:ElementUL";
-constexpr std::u16string_view urnKey = u"urn:SMPTE:MXF:XMLInterface:Groups:Key";
-constexpr std::u16string_view registryLabel = u"http://www.smpte-ra.org/schemas/434/Dictionary/ElementUL";
-constexpr std::u16string_view registryKey = u"http://www.smpte-ra.org/schemas/434/Groups/Key";
-
 bool isNamed(const DOMElement& element, std::u16string_view localName) {
   const XMLCh* name = element.getLocalName();
   return name != nullptr && name == localName;
@@ -41,10 +37,10 @@ void forEachChild(const DOMElement& parent, std::u16string_view localName, const
 
 void countAnnotation(const DOMElement& declaration, std::u16string_view source, SchemaContents& contents) {
   const bool isElement = isNamed(declaration, u"element");
-  if (source == urnLabel) ++contents.urn.elements;
-  if (source == registryLabel) ++contents.registry.elements;
-  if (source == urnKey && isElement) ++contents.urn.groups;
-  if (source == registryKey && isElement) ++contents.registry.groups;
+  if (source == urnAnnotations.elementLabel) ++contents.urn.elements;
+  if (source == registryAnnotations.elementLabel) ++contents.registry.elements;
+  if (source == urnAnnotations.groupKey && isElement) ++contents.urn.groups;
+  if (source == registryAnnotations.groupKey && isElement) ++contents.registry.groups;
 }
 
 SchemaContents contentsOf(const DOMElement& schema) {

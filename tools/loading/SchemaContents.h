@@ -21,11 +21,6 @@ struct SchemaContents {
   AnnotatedDeclarations registry;
 };
 
-/// The target namespaces of multiplex schemas, which name the flavours.
-inline constexpr const wchar_t* urnMultiplexNamespace = L"urn:SMPTE:S377M";
-inline constexpr const wchar_t* registryMultiplexNamespace =
-    L"http://www.smpte-ra.org/schemas/434/2006/multiplex/S377M/2004";
-
 /// Looks into a document.
 /// @return nothing when it cannot be read or is not well-formed.
 std::optional<SchemaContents> schemaContents(const std::string& path);

@@ -5,11 +5,16 @@
 #include <XMLUtils/DocumentLoading.h>
 #include <XMLUtils/Initializer.h>
 #include <XMLUtils/Released.h>
+#include <XMLUtils/SourcePosition.h>
+#include <XMLUtils/TextConversion.h>
 
 #include <xercesc/dom/DOMImplementation.hpp>
 #include <xercesc/dom/DOMLSParser.hpp>
+#include <xercesc/dom/DOMNodeList.hpp>
 
 namespace MXF::Tessel::Tool {
+
+using xercesc::DOMElement;
 
 void lookInto(const Templates::WideString& path, const std::function<void(const xercesc::DOMDocument&)>& action) {
   static_cast<void>(failureOf([&] {
@@ -19,6 +24,33 @@ void lookInto(const Templates::WideString& path, const std::function<void(const 
     const xercesc::DOMDocument* document = XMLUtils::loadDocumentFromFile(path.c_str(), *parser);
     if (document != nullptr) action(*document);
   }));
+}
+
+const DOMElement* elementAt(const xercesc::DOMDocument& document, std::uint32_t line, std::uint32_t column) {
+  const xercesc::DOMNodeList* elements = document.getElementsByTagName(u"*");
+  for (XMLSize_t i = 0; i < elements->getLength(); ++i) {
+    const auto& element = static_cast<const DOMElement&>(*elements->item(i));
+    const XMLUtils::SourcePosition position = XMLUtils::positionOf(element);
+    if (position.line == line && position.column == column) return &element;
+  }
+  return nullptr;
+}
+
+std::optional<Templates::WideString> annotationOf(const DOMElement& declaration, std::u16string_view source) {
+  const auto isNamed = [](const DOMElement& element, std::u16string_view name) {
+    return element.getLocalName() != nullptr && element.getLocalName() == name;
+  };
+  for (const DOMElement* annotation = declaration.getFirstElementChild(); annotation != nullptr;
+       annotation = annotation->getNextElementSibling()) {
+    if (!isNamed(*annotation, u"annotation")) continue;
+    for (const DOMElement* appinfo = annotation->getFirstElementChild(); appinfo != nullptr;
+         appinfo = appinfo->getNextElementSibling()) {
+      if (isNamed(*appinfo, u"appinfo") && appinfo->getAttribute(u"source") == source) {
+        return XMLUtils::toWstring(appinfo->getTextContent());
+      }
+    }
+  }
+  return std::nullopt;
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -3,13 +3,23 @@
 #include <Templates/Containers.h>
 
 #include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMElement.hpp>
 
+#include <cstdint>
 #include <functional>
+#include <optional>
+#include <string_view>
 
 namespace MXF::Tessel::Tool {
 
 /// Looks at a document as the loader does. Does nothing when it cannot be read or is not well-formed: a failure is the
 /// loader's to tell, and here only means that there is nothing to see.
 void lookInto(const Templates::WideString& path, const std::function<void(const xercesc::DOMDocument&)>& action);
+
+/// The element whose start tag begins there, or null.
+const xercesc::DOMElement* elementAt(const xercesc::DOMDocument& document, std::uint32_t line, std::uint32_t column);
+
+/// The text of the first appinfo of that source that annotates a declaration; nothing when there is none.
+std::optional<Templates::WideString> annotationOf(const xercesc::DOMElement& declaration, std::u16string_view source);
 
 }  // namespace MXF::Tessel::Tool

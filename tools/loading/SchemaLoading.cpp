@@ -1,11 +1,11 @@
 #include "loading/SchemaLoading.h"
 
-#include "loading/LoadAdvice.h"
+#include "loading/FailureExplanation.h"
+#include "loading/NothingLoaded.h"
 
 #include <MetaMetadata/Loading/XSDDictionaryLoader2.h>
 #include <Utils/TextConversion.h>
 
-#include <algorithm>
 #include <iterator>
 
 namespace MXF::Tessel::Tool {
@@ -45,31 +45,49 @@ std::optional<Failure> tryToLoad(XSDDictionaryLoader2& loader, const SchemaFile&
                                  MetaMetadata::Dictionary& dictionary) {
   const bool mayDoWithout = request.abstractGroupsIfPossible && !request.abstractGroups;
   loader.loadAbstractGroups(request.abstractGroups || request.abstractGroupsIfPossible);
+  const std::size_t before = countDeclared(file.kind, dictionary);
   std::optional<Failure> failure = failureOf([&] { loadFile(loader, file, dictionary); });
   if (!failure || !mayDoWithout || file.kind != FileKind::Scheme) return failure;
+  // What got into the dictionary would be in the way of itself.
+  if (countDeclared(file.kind, dictionary) != before) return failure;
   loader.loadAbstractGroups(false);
   return failureOf([&] { loadFile(loader, file, dictionary); });
+}
+
+void explainNothing(LoadRecord& record, const LoadRequest& request, const LoadOutcome& outcome) {
+  NothingLoaded nothing = whyNothingLoaded(record.file, outcome.targetNamespace, request.abstractGroupsIfPossible);
+  if (!nothing.isMistake) {
+    record.warning = nothing.text;
+    return;
+  }
+  record.failure = Failure{wrongFileClass, std::nullopt, Utils::stringToWstring(nothing.text.c_str()), {}};
+  record.explanation.remedy = nothing.remedy;
+}
+
+/// The load before that met the same fault of the same document, such as one that both import.
+std::optional<std::size_t> sameFailureBefore(const Failure& failure, const std::vector<LoadRecord>& loads) {
+  if (!failure.place.isKnown()) return std::nullopt;
+  for (std::size_t i = 0; i < loads.size(); ++i) {
+    const std::optional<Failure>& before = loads[i].failure;
+    if (before && before->place.toString() == failure.place.toString() && before->message == failure.message) {
+      return loads[i].sameAs.value_or(i);
+    }
+  }
+  return std::nullopt;
 }
 
 LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, const LoadRequest& request,
                         LoadOutcome& outcome) {
   const std::size_t before = countDeclared(file.kind, outcome.dictionary);
-  LoadRecord record{file, tryToLoad(loader, file, request, outcome.dictionary), std::nullopt};
+  LoadRecord record{file, tryToLoad(loader, file, request, outcome.dictionary), {}, std::nullopt, std::nullopt};
+  outcome.targetNamespace = loader.getTargetNamespace();
   if (record.failure) {
-    record.advice = adviceOnFailure(record, outcome);
+    record.explanation = explainFailure(record, outcome, request.abstractGroups);
+    record.sameAs = sameFailureBefore(*record.failure, outcome.loads);
   } else if (file.kind != FileKind::Multiplex && countDeclared(file.kind, outcome.dictionary) == before) {
-    record.advice = adviceOnNothing(file, loader.getTargetNamespace(), request.abstractGroupsIfPossible);
+    explainNothing(record, request, outcome);
   }
   return record;
-}
-
-LoadResult resultOf(const LoadOutcome& outcome) {
-  const auto& loads = outcome.loads;
-  const auto any = [&](auto&& holds) { return std::any_of(loads.begin(), loads.end(), holds); };
-  if (any([](const LoadRecord& load) { return load.failure.has_value(); })) return LoadResult::Failed;
-  if (any([](const LoadRecord& load) { return load.advice && load.advice->isMistake; })) return LoadResult::Mistaken;
-  const bool isEmpty = outcome.dictionary.metaElementBegin() == outcome.dictionary.metaElementEnd();
-  return isEmpty ? LoadResult::Mistaken : LoadResult::Complete;
 }
 
 }  // namespace
@@ -86,24 +104,21 @@ const char* fileKindName(FileKind kind) {
   return "scheme";
 }
 
-LoadResult loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
-                       const std::function<void(const LoadRecord&)>& onTrouble) {
+bool loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
+                 const std::function<void(const LoadRecord&)>& onTrouble) {
   XSDDictionaryLoader2 loader;
   loader.loadMetaElementDocumentation(request.documentation);
   loader.loadMetaElementLengthDescription(request.lengthDescription);
 
+  bool isComplete = true;
   for (const SchemaFile& file : filesInLoadOrder(request)) {
     outcome.loads.push_back(loadRecorded(loader, file, request, outcome));
     const LoadRecord& record = outcome.loads.back();
-    if (record.failure || record.advice) onTrouble(record);
+    if (record.failure || record.warning) onTrouble(record);
+    if (record.failure) isComplete = false;
     if (record.failure && !request.keepGoing) break;
   }
-  outcome.targetNamespace = loader.getTargetNamespace();
-  return resultOf(outcome);
-}
-
-std::string adviceLine(const LoadRecord& record) {
-  return record.file.path + (record.failure ? ": note: " : ": warning: ") + record.advice->text;
+  return isComplete;
 }
 
 }  // namespace MXF::Tessel::Tool

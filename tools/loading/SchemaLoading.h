@@ -1,10 +1,12 @@
 #pragma once
 
+#include "loading/Explanation.h"
 #include "loading/Failure.h"
 
 #include <MetaMetadata/Dictionary.h>
 #include <Templates/Containers.h>
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -35,18 +37,14 @@ struct LoadRequest {
   bool keepGoing = false;  ///< Load the files that follow one that failed.
 };
 
-/// What a user may do about a load, as the rest of a sentence that begins with the file: UTF-8.
-struct Advice {
-  std::string text;
-  bool isMistake;  ///< The file is not what it was given as; otherwise it may be meant so.
-};
-
 /// One load that was tried.
 struct LoadRecord {
   SchemaFile file;
+  /// A file of another kind or flavour than it was given as fails, too: with wrongFileClass.
   std::optional<Failure> failure;
-  /// On a failure that has a likely reason, and on a load that added nothing to the dictionary.
-  std::optional<Advice> advice;
+  Explanation explanation;             ///< Of the failure.
+  std::optional<std::size_t> sameAs;   ///< Number of the load that met the same fault of the same document before.
+  std::optional<std::string> warning;  ///< Why a load that may be meant so added nothing; the rest of a sentence.
 };
 
 /// What loading left behind. After a failure the dictionary holds what the loads before it, and the failed load itself,
@@ -57,19 +55,10 @@ struct LoadOutcome {
   MetaMetadata::Dictionary dictionary;
 };
 
-enum class LoadResult {
-  Complete,
-  /// All files were loaded, but one is of another kind or flavour than it was given as, or the dictionary is empty.
-  Mistaken,
-  Failed  ///< A file could not be loaded.
-};
-
 /// Loads the files of the request with one loader into one dictionary, the multiplex first.
-/// @param onTrouble  called for each load that fails or that there is advice on, at once.
-LoadResult loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
-                       const std::function<void(const LoadRecord&)>& onTrouble);
-
-/// The advice of a load as a line: "PATH: note: ..." on a failure, else "PATH: warning: ...".
-std::string adviceLine(const LoadRecord& record);
+/// @param onTrouble  called for each load that fails or that there is a warning of, at once.
+/// @return whether all files were loaded.
+bool loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
+                 const std::function<void(const LoadRecord&)>& onTrouble);
 
 }  // namespace MXF::Tessel::Tool

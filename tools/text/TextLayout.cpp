@@ -63,11 +63,11 @@ const char* styleStart(Style style) {
   return "";
 }
 
-std::string styled(std::u32string_view text, Style style) {
-  return style == Style::Plain ? encode(text) : styleStart(style) + encode(text) + styleEnd;
-}
-
 }  // namespace
+
+std::string inStyle(std::string_view text, Style style) {
+  return style == Style::Plain ? std::string(text) : styleStart(style) + std::string(text) + styleEnd;
+}
 
 std::vector<std::u32string> wrap(std::u32string_view text, std::size_t width) {
   std::vector<std::u32string> lines;
@@ -117,7 +117,7 @@ void appendRow(std::string& page, const std::vector<PlacedText>& row) {
       const std::u32string_view piece(wrapped[i][line].data(), wrapped[i][line].find_last_not_of(U' ') + 1);
       if (piece.empty()) continue;
       text.append(row[i].column - column, ' ');
-      text += styled(piece, row[i].style);
+      text += inStyle(encode(piece), row[i].style);
       column = row[i].column + columnsOf(piece);
     }
     page += text + '\n';

@@ -27,6 +27,9 @@ std::u32string withoutExtraBlanks(std::u32string_view text);
 /// How a piece of text stands out on a terminal that shows colours.
 enum class Style { Plain, Heading, Title, Name, Error, Warning, Hint };
 
+/// The text between the control sequences of a style.
+std::string inStyle(std::string_view text, Style style);
+
 /// A piece of text that starts at a column, counted from 0, and is wrapped to a width.
 struct PlacedText {
   std::size_t column;

@@ -1,0 +1,47 @@
+#include "commands/TroubleReport.h"
+
+#include <Utils/TextConversion.h>
+
+namespace MXF::Tessel::Tool {
+
+namespace {
+
+std::string narrow(const Templates::WideString& text) {
+  const Templates::NarrowString result = Utils::wstringToString(text.c_str());
+  return {result.begin(), result.end()};
+}
+
+}  // namespace
+
+void TroubleReport::tell(const LoadRecord& record) {
+  if (record.failure) return tellFailure(record);
+  if (record.warning && !output_.quiet) reportProblem(output_, record.file.path, Style::Warning, *record.warning);
+}
+
+void TroubleReport::tellError(const std::string& path, const std::string& text) const {
+  reportProblem(output_, path, Style::Error, text);
+}
+
+void TroubleReport::tellNote(const std::string& place, const std::string& text) const {
+  if (!output_.quiet && !text.empty()) reportProblem(output_, place, Style::Hint, text);
+}
+
+void TroubleReport::tellFailure(const LoadRecord& record) {
+  const Failure& failure = *record.failure;
+  const std::string& file = record.file.path;
+  const std::string place = shownPlace(failure.place, file);
+  const std::string className = " [" + failure.className + "]";
+  if (record.sameAs) return tellError(file, "stopped by the error at " + place + ", which is told above" + className);
+
+  tellError(place, narrow(messageWithoutPlace(failure)) + className);
+  for (const PlacedNote& note : record.explanation.related) tellNote(shownPlace(note.place, file), note.text);
+  const Explanation& explanation = record.explanation;
+  const std::string meaning =
+      explanation.meaning.empty() ? "" : explanation.meaning + ": \"" + narrow(failure.message) + "\". ";
+  if (told_.insert(meaning + explanation.remedy).second) tellNote(place, meaning + explanation.remedy);
+  if (failure.place.isKnown() && narrow(failure.place.path()) != file) {
+    tellNote(file, "The error was met while loading this file, which needs the other one.");
+  }
+}
+
+}  // namespace MXF::Tessel::Tool

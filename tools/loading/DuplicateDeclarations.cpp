@@ -1,0 +1,96 @@
+#include "loading/DuplicateDeclarations.h"
+
+#include "loading/Annotations.h"
+#include "loading/SchemaDocument.h"
+
+#include <MetaMetadata/PropertyKeys.h>
+#include <Utils/TextConversion.h>
+#include <XMLUtils/SourcePosition.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace MXF::Tessel::Tool {
+
+using MetaMetadata::Dictionary;
+using Templates::WideString;
+using Utils::SourceLocation;
+
+namespace {
+
+std::string quoted(const WideString& text) {
+  const Templates::NarrowString narrow = Utils::wstringToString(text.c_str());
+  return '"' + std::string(narrow.begin(), narrow.end()) + '"';
+}
+
+PlacedNote declaredHere(const SourceLocation& place, const WideString& name) {
+  return {place, quoted(name) + " is declared here"};
+}
+
+bool isSamePlace(const SourceLocation& a, const SourceLocation& b) {
+  return a.toString() == b.toString();
+}
+
+std::optional<PlacedNote> inDictionary(const Failure& failure, const Dictionary& dictionary) {
+  const auto isNamed = [&](const auto& identifier) {
+    return identifier.toString(Types::StringRepresentationEncodingType::DottedHex) == failure.message;
+  };
+  if (failure.className == "MetaElementAlreadyLoaded") {
+    for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry) {
+      const MetaMetadata::MetaElement& element = *entry->second;
+      if (!isNamed(element.universalLabel())) continue;
+      return declaredHere(element.origin(), element.getProperty(MetaMetadata::PropertyKeys::name));
+    }
+    return std::nullopt;
+  }
+  for (auto entry = dictionary.metaMetadataSetBegin(); entry != dictionary.metaMetadataSetEnd(); ++entry) {
+    const MetaMetadata::MetaMetadataSet& set = entry->second;
+    if (isNamed(set.key())) return declaredHere(set.origin(), set.getProperty(MetaMetadata::PropertyKeys::name));
+  }
+  return std::nullopt;
+}
+
+/// The message has capital digits.
+bool isSameIdentifier(const WideString& text, const WideString& message) {
+  const auto isSame = [](wchar_t a, wchar_t b) { return (a >= L'a' && a <= L'f' ? a - L'a' + L'A' : a) == b; };
+  return std::equal(text.begin(), text.end(), message.begin(), message.end(), isSame);
+}
+
+/// The first other declaration of the document with that label or key.
+std::optional<PlacedNote> inDocument(const Failure& failure, const Annotations& annotations) {
+  const bool isElement = failure.className == "MetaElementAlreadyLoaded";
+  const std::u16string_view identifier = isElement ? annotations.elementLabel : annotations.groupKey;
+  const std::u16string_view name = isElement ? annotations.elementName : annotations.groupName;
+  std::optional<PlacedNote> found;
+  lookInto(failure.place.path(), [&](const xercesc::DOMDocument& document) {
+    for (const auto* declaration = document.getDocumentElement()->getFirstElementChild();
+         declaration != nullptr && !found; declaration = declaration->getNextElementSibling()) {
+      const auto text = annotationOf(*declaration, identifier);
+      if (!text || !isSameIdentifier(*text, failure.message)) continue;
+      const XMLUtils::SourcePosition position = XMLUtils::positionOf(*declaration);
+      const SourceLocation place(std::make_shared<const WideString>(failure.place.path()), position.line,
+                                 position.column);
+      if (!isSamePlace(place, failure.place)) {
+        found = declaredHere(place, annotationOf(*declaration, name).value_or(WideString()));
+      }
+    }
+  });
+  return found;
+}
+
+}  // namespace
+
+void addFirstDeclaration(const Failure& failure, const LoadOutcome& outcome, Explanation& explanation) {
+  const bool isDuplicate =
+      failure.className == "MetaElementAlreadyLoaded" || failure.className == "MetaMetadataSetAlreadyLoaded";
+  if (!isDuplicate || !failure.place.isKnown()) return;
+  std::optional<PlacedNote> first = inDictionary(failure, outcome.dictionary);
+  if (first && isSamePlace(first->place, failure.place)) {
+    explanation.remedy = "Leave one of the two out: this declaration was loaded before.";
+    return;
+  }
+  if (!first) first = inDocument(failure, annotationsOf(outcome.targetNamespace));
+  if (first) explanation.related.push_back(*first);
+}
+
+}  // namespace MXF::Tessel::Tool

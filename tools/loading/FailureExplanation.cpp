@@ -1,0 +1,282 @@
+// What failures mean to somebody who wrote the schema. Entry point: explainFailure(); all else is local. A further fault
+// is one more row of the table; DuplicateDeclarations.cpp finds what was declared before.
+
+#include "loading/FailureExplanation.h"
+
+#include "loading/Annotations.h"
+#include "loading/DuplicateDeclarations.h"
+#include "loading/NothingLoaded.h"
+#include "loading/SchemaDocument.h"
+
+#include <MetaMetadata/AttributeRequiredStatus.h>
+#include <Utils/TextConversion.h>
+#include <XMLUtils/TextConversion.h>
+
+#include <xercesc/dom/DOMNodeList.hpp>
+
+#include <algorithm>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+namespace MXF::Tessel::Tool {
+
+using Templates::WideString;
+using xercesc::DOMElement;
+
+namespace {
+
+std::string narrow(const WideString& text) {
+  const Templates::NarrowString result = Utils::wstringToString(text.c_str());
+  return {result.begin(), result.end()};
+}
+
+std::string quoted(const WideString& text) {
+  return '"' + narrow(text) + '"';
+}
+
+/// What there is to tell a failure's reason from.
+struct Case {
+  const LoadRecord& record;
+  const LoadOutcome& outcome;
+  bool withAbstractGroups;
+  WideString value;  ///< What the message has after the words by which the row is found.
+
+  [[nodiscard]] const Failure& failure() const { return *record.failure; }
+  [[nodiscard]] const Annotations& annotations() const { return annotationsOf(outcome.targetNamespace); }
+  [[nodiscard]] bool isInImport() const {
+    return failure().place.isKnown() && narrow(failure().place.path()) != record.file.path;
+  }
+};
+
+/// Calls the action with the declaration at fault, if it can be found.
+template <class Action>
+void atFault(const Case& fault, const Action& action) {
+  const Utils::SourceLocation& place = fault.failure().place;
+  if (!place.isKnown()) return;
+  lookInto(place.path(), [&](const xercesc::DOMDocument& document) {
+    if (const DOMElement* declaration = elementAt(document, place.line(), place.column())) action(*declaration);
+  });
+}
+
+std::string blanksAround(const WideString& value) {
+  constexpr const wchar_t* blanks = L" \t\r\n";
+  const bool hasBlanks =
+      !value.empty() && (value.find_first_not_of(blanks) != 0 || value.find_last_not_of(blanks) + 1 != value.size());
+  return hasBlanks ? "Take out the blanks around the value; they count. " : "";
+}
+
+std::string annotation(std::u16string_view source) {
+  return "the annotation " + narrowSource(source);
+}
+
+std::string remedyOfIoError(const Case& fault) {
+  constexpr std::wstring_view ending = L" file Not Found!";
+  const WideString& message = fault.failure().message;
+  if (message.size() < ending.size()) return "Check that the file is there and can be read.";
+  const std::string path = narrow(message.substr(0, message.size() - ending.size()));
+  if (path.empty()) return "The name of the file is empty.";
+  const std::string what = path == fault.record.file.path ? "The file" : "The imported file";
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path, ignored)) return what + " is a directory; name a file in it.";
+  if (std::filesystem::exists(path, ignored)) return what + " is there, but cannot be read.";
+  return what + " is not there; check its name" +
+         (path == fault.record.file.path ? "." : " in the schemaLocation of the import.");
+}
+
+std::string remedyOfPrefix(const Case& /*fault*/) {
+  return "The schema must bind the prefix xs: xmlns:xs=\"http://www.w3.org/2001/XMLSchema\".";
+}
+
+std::string remedyOfXml(const Case& fault) {
+  return fault.isInImport() ? "Correct the XML of the imported schema." : "Correct the XML.";
+}
+
+std::string remedyOfElementLabel(const Case& fault) {
+  return "Give the element its label in " + annotation(fault.annotations().elementLabel) + ".";
+}
+
+std::string remedyOfName(const Case& fault) {
+  std::string remedy = "Give the declaration its name in ";
+  bool isGroup = fault.record.file.kind == FileKind::Scheme;
+  return remedy + annotation(isGroup ? fault.annotations().groupName : fault.annotations().elementName) + ".";
+}
+
+std::string remedyOfAbstractGroup() {
+  return "With --abstract-groups every group and every base type needs a group with a key of this flavour; without the "
+         "option abstract groups are left out and need none.";
+}
+
+std::string remedyOfGroupKey(const Case& fault) {
+  bool isAbstract = false;
+  atFault(fault, [&](const DOMElement& group) {
+    isAbstract = XMLUtils::toWstring(group.getAttribute(u"abstract")) == L"true";
+  });
+  if (fault.withAbstractGroups && isAbstract) return remedyOfAbstractGroup();
+  return "Give the group its key in " + annotation(fault.annotations().groupKey) + ".";
+}
+
+std::string remedyOfBaseGroup(const Case& /*fault*/) {
+  return remedyOfAbstractGroup();
+}
+
+std::string remedyOfStatus(const Case& fault) {
+  using Status = MetaMetadata::AttributeRequiredStatus::Status;
+  std::string words;
+  for (const Status status :
+       {Status::Required, Status::Optional, Status::DecoderRequired, Status::EncoderRequired, Status::BestEffort}) {
+    words += words.empty() ? "" : status == Status::BestEffort ? " or " : ", ";
+    words += narrow(MetaMetadata::AttributeRequiredStatus::instance().toString(status));
+  }
+  return blanksAround(fault.value) + "A required status is " + words + ", exactly so, and not " + quoted(fault.value) +
+         ".";
+}
+
+/// The name of the type that an element declaration has, or else that the type within it is made from.
+WideString declaredTypeOf(const DOMElement& declaration) {
+  if (declaration.hasAttribute(u"type")) return XMLUtils::toWstring(declaration.getAttribute(u"type"));
+  const xercesc::DOMNodeList* inner = declaration.getElementsByTagName(u"*");
+  for (XMLSize_t i = 0; i < inner->getLength(); ++i) {
+    const auto& element = static_cast<const DOMElement&>(*inner->item(i));
+    if (element.hasAttribute(u"base")) return XMLUtils::toWstring(element.getAttribute(u"base"));
+  }
+  return {};
+}
+
+std::string remedyOfType(const Case& fault) {
+  std::string has = "The element has no type.";
+  atFault(fault, [&](const DOMElement& element) {
+    const WideString type = declaredTypeOf(element);
+    if (!type.empty()) has = "The element has the type " + quoted(type) + ".";
+  });
+  return has +
+         " Give it one of the data types of the standard by its name, such as UInt32, UTF16String, UUID, Rational, or "
+         "as the base of a type of its own Array, Batch or StrongRefHolder.";
+}
+
+std::string remedyOfItemType(const Case& /*fault*/) {
+  return "Give the element within the collection one of the data types of the standard by its name, such as UInt32.";
+}
+
+std::string remedyOfItemName(const Case& /*fault*/) {
+  return "Name the items of the collection: an xs:sequence with one xs:element that has a name.";
+}
+
+std::string remedyOfIdentifier(const Case& fault) {
+  return blanksAround(fault.value) + "Write a label or key as 16 bytes of two hexadecimal digits, joined by dots.";
+}
+
+std::string remedyOfLocalTag(const Case& fault) {
+  return blanksAround(fault.value) + "Write a local tag as two bytes of two hexadecimal digits, such as 80.01.";
+}
+
+std::string remedyOfValue(const Case& fault) {
+  return blanksAround(fault.value) + "Correct the text of the annotation; its form is that of the element's type.";
+}
+
+std::string remedyOfMissingType(const Case& /*fault*/) {
+  return "Declare the type, or import the schema that does with its schemaLocation.";
+}
+
+std::string remedyOfTypeCircle(const Case& /*fault*/) {
+  return "Types extend each other in a circle; let one of them extend another type, or none.";
+}
+
+std::string remedyOfNamespace(const Case& fault) {
+  return "Bind a prefix to it at the root of the schema: xmlns:PREFIX=" + quoted(fault.value) + ".";
+}
+
+std::string remedyOfTargetNamespace(const Case& /*fault*/) {
+  return "Give the schema a targetNamespace.";
+}
+
+std::string remedyOfDuplicateElement(const Case& /*fault*/) {
+  return "An element with this label is declared already. Give one of the two another label, or load only one of their "
+         "schemas.";
+}
+
+std::string remedyOfDuplicateSet(const Case& /*fault*/) {
+  return "A set with this key is declared already. Give one of the two another key, or load only one of their schemes.";
+}
+
+std::string remedyOfMissingElement(const Case& fault) {
+  const auto& loads = fault.outcome.loads;
+  if (std::any_of(loads.begin(), loads.end(), [](const LoadRecord& before) {
+        return before.failure && before.file.kind == FileKind::Dictionary;
+      })) {
+    return "First correct what failed to load before: it may declare the element.";
+  }
+  const MetaMetadata::Dictionary& dictionary = fault.outcome.dictionary;
+  if (dictionary.metaElementBegin() == dictionary.metaElementEnd()) {
+    return "Groups refer to elements, and none are loaded: give their schemas with --dictionary before it.";
+  }
+  return "Load the schema that declares the element before this one, or correct the reference.";
+}
+
+/// What to say of failures of a class of which the message begins so, or holds that if it begins with "*".
+struct Row {
+  std::string_view className;
+  std::wstring_view start;
+  std::string (*remedy)(const Case& fault);
+};
+
+constexpr Row rows[] = {
+    {"IOError", L"", remedyOfIoError},
+    {"XQillaException", L"*No namespace for prefix 'xs'", remedyOfPrefix},
+    {"ParseError", L"*No namespace for prefix 'xs'", remedyOfPrefix},
+    {"ParseError", L"", remedyOfXml},
+    {"SAXParseException", L"", remedyOfXml},
+    {"MetaElementAlreadyLoaded", L"", remedyOfDuplicateElement},
+    {"MetaMetadataSetAlreadyLoaded", L"", remedyOfDuplicateSet},
+    {"NotFound", L"", remedyOfMissingElement},
+    {"InvalidULDesignator", L"", remedyOfIdentifier},
+    {"TypeNotSupportedException", L"", remedyOfType},
+    {"InvalidMetaElementDeclaration", L"MetaElement without UniversalLabel.", remedyOfElementLabel},
+    {"InvalidMetaElementDeclaration", L"The property 'name' is required.", remedyOfName},
+    {"InvalidMetaElementDeclaration", L"MetaElement Declaration of type collection", remedyOfItemType},
+    {"InvalidMetaElementDeclaration", L"Empty name attribute", remedyOfItemName},
+    {"InvalidMetaElementDeclaration", L"No default prefix defined for namespace: ", remedyOfNamespace},
+    {"SchemeDataMissingException", L"MetaMetadataSet without Key declaration.", remedyOfGroupKey},
+    {"SchemeDataMissingException", L"Definition of type ", remedyOfBaseGroup},
+    {"SchemeDataMissingException", L"*is its own base type", remedyOfTypeCircle},
+    {"SchemeDataMissingException", L"*was not found", remedyOfMissingType},
+    {"SchemeDataMissingException", L"Scheme document without target namespace", remedyOfTargetNamespace},
+    {"InvalidValue", L"Unknown required status: ", remedyOfStatus},
+    {"InvalidValue", L"Invalid local tag: ", remedyOfLocalTag},
+    {"InvalidValue", L"*: ", remedyOfValue},
+};
+
+bool applies(const Row& row, const Failure& failure) {
+  if (row.className != failure.className) return false;
+  const bool isAnywhere = !row.start.empty() && row.start.front() == L'*';
+  const std::size_t found = failure.message.find(isAnywhere ? row.start.substr(1) : row.start);
+  return isAnywhere ? found != WideString::npos : found == 0;
+}
+
+WideString valueAfter(const Row& row, const Failure& failure) {
+  const bool isAnywhere = !row.start.empty() && row.start.front() == L'*';
+  const std::size_t begin =
+      isAnywhere ? failure.message.find(row.start.substr(1)) + row.start.size() - 1 : row.start.size();
+  return failure.message.substr(begin);
+}
+
+}  // namespace
+
+Explanation explainFailure(const LoadRecord& record, const LoadOutcome& outcome, bool withAbstractGroups) {
+  const Failure& failure = *record.failure;
+  Explanation explanation;
+  const auto* row =
+      std::find_if(std::begin(rows), std::end(rows), [&](const Row& each) { return applies(each, failure); });
+  if (row != std::end(rows)) {
+    explanation.remedy = row->remedy({record, outcome, withAbstractGroups, valueAfter(*row, failure)});
+  }
+  if (record.file.kind == FileKind::Multiplex) {
+    const std::string remedy = remedyOfNoMultiplex(record.file);
+    if (!remedy.empty()) explanation.remedy = remedy;
+  }
+  if (failure.className == "InvalidULDesignator") explanation.meaning = "Neither a label nor a key";
+  addFirstDeclaration(failure, outcome, explanation);
+  return explanation;
+}
+
+}  // namespace MXF::Tessel::Tool
