@@ -148,6 +148,23 @@ class Check(ToolTest):
         self.assertEqual([finding["rule"] for finding in
                           self.findings("d.xsd", "s.xsd", options=["--multiplex", "m.xsd"])], ["lost-value"])
 
+    def test_what_the_loader_passes_over(self):
+        pack = '<xs:complexType name="Pack"><xs:sequence><xs:element ref="e:A"/></xs:sequence></xs:complexType>'
+        self.write("d.xsd", dictionary(element(1, "A"), element(2, "B"), reference(3, "Id", "G_REF"), reference(4, "No")))
+        self.write("s.xsd", scheme(
+            group(1, "G", attribute("A"), '<xs:element ref="e:B"/><xs:element ref="e:None"/>', attribute("Id"),
+                  attribute("No", tag_text="80.01", value="7").replace("LocalTag", "LocalTagg").replace("::", ":")),
+            group(2, "H", '<xs:element ref="e:A"/>').replace("Groups:Name", "Dictionary:ElementName", 1), pack))
+        found = self.findings("d.xsd", "s.xsd", options=["--disable", "load-failed"])
+        groups = "urn:SMPTE:MXF:XMLInterface:Groups:"
+        self.assertEqual([finding["remedy"] for finding in found if finding["rule"] == "unknown-annotation"],
+                         [f'Did you mean "{groups}{name}"?' for name in ("LocalTag", ":DistinguishedValue")])
+        self.assertEqual([finding["message"].split()[1] for finding in found
+                          if finding["rule"] == "reference-without-status"], ['"B"', '"A"'])
+        self.write("s.xsd", scheme(group(1, "G", attribute("Id"), attribute("No"))))
+        self.assertEqual([finding["place"] for finding in self.findings("d.xsd", "s.xsd")
+                          if finding["rule"] == "untargeted-reference"], [self.place("d.xsd", '<xs:element name="No"')])
+
     def test_exit_status_and_choice_of_rules(self):
         self.write("d.xsd", dictionary(reference(1, "R", "None"), element(2, "A"), element(3, "B")))
         self.write("s.xsd", scheme(group(1, "G", attribute("R"), attribute("A"))))

@@ -25,6 +25,11 @@ Findings findUnresolvedReferences(const Subject& subject);
 Findings findMissingBases(const Subject& subject);
 Findings findUnusedElements(const Subject& subject);
 
+// DeclarationRules.cpp
+Findings findUntargetedReferences(const Subject& subject);
+Findings findUnknownAnnotations(const Subject& subject);
+Findings findReferencesWithoutStatus(const Subject& subject);
+
 // ValueRules.cpp
 Findings findLostValues(const Subject& subject);
 

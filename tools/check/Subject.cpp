@@ -25,8 +25,11 @@ List sorted(List list, const Subject& subject) {
 }  // namespace
 
 Subject::Subject(const LoadOutcome& outcome, const DictionaryIndex& index) : outcome_(outcome), index_(index) {
+  const Annotations& annotations = annotationsOf(outcome.targetNamespace);
   for (const LoadRecord& load : outcome.loads) {
-    ranks_.emplace(shownPath(Utils::stringToWstring(load.file.path.c_str())), ranks_.size());
+    const Templates::WideString path = shownPath(Utils::stringToWstring(load.file.path.c_str()));
+    const bool isNew = ranks_.emplace(path, ranks_.size()).second;
+    if (isNew && load.file.kind != FileKind::Multiplex) scans_.emplace(path, scanDeclarations(path, annotations));
   }
   elements_ = sorted(index.elements(), *this);
   sets_ = sorted(index.sets(), *this);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/DictionaryIndex.h"
+#include "check/DeclarationScan.h"
 #include "check/Finding.h"
 #include "loading/SchemaLoading.h"
 
@@ -29,6 +30,9 @@ class Subject {
   /// One for each declaration, also where several sets have the attribute because their base is not loaded.
   const std::vector<OwnAttribute>& ownAttributes() const { return ownAttributes_; }
 
+  /// What is in the given schemas and not in the dictionary, by the path of the schema.
+  const std::map<Templates::WideString, DeclarationScan>& scans() const { return scans_; }
+
   /// Whether any file failed to load, so that something may be missing for that reason alone.
   [[nodiscard]] bool isIncomplete() const;
   /// Whether one place comes before another in the order of declaration.
@@ -43,6 +47,7 @@ class Subject {
   DictionaryIndex::Elements elements_;
   DictionaryIndex::Sets sets_;
   std::vector<OwnAttribute> ownAttributes_;
+  std::map<Templates::WideString, DeclarationScan> scans_;
 };
 
 /// The registry name in quotation marks.

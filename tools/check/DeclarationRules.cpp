@@ -1,0 +1,80 @@
+// What is written in schemas and does not get into the dictionary, without an error.
+
+#include "analysis/PendingReferences.h"
+#include "check/RuleFamilies.h"
+#include "text/ElementText.h"
+#include "text/Unicode.h"
+
+#include <MetaMetadata/MetaElements.h>
+#include <MetaMetadata/PropertyKeys.h>
+#include <MetaMetadata/Visitors/GetMetaElementVisitor.h>
+
+#include <utility>
+
+namespace MXF::Tessel::Tool {
+
+namespace PropertyKeys = MetaMetadata::PropertyKeys;
+
+namespace {
+
+Place placeAt(const Templates::WideString& path, const DeclarationPosition& position) {
+  return {path, position.first, position.second};
+}
+
+template <class Holder>
+bool isWithoutSets(const DictionaryIndex::Element& element) {
+  MetaMetadata::Visitors::GetMetaElementVisitor<Holder> holder;
+  element.accept(holder);
+  return holder.get() != nullptr && holder.get()->allowedMetadataSets().empty();
+}
+
+}  // namespace
+
+Findings findUntargetedReferences(const Subject& subject) {
+  Findings findings;
+  for (const DictionaryIndex::Element* element : subject.elements()) {
+    const bool isWithout = isWithoutSets<MetaMetadata::MetaReferenceElement>(*element) ||
+                           isWithoutSets<MetaMetadata::MetaReferenceCollection>(*element);
+    if (!isWithout || !pendingReferences(*element).empty()) continue;
+    // A choice may name sets by their identifiers only, which is no fault.
+    const Place place = Tool::placeAt(element->origin());
+    const auto scan = subject.scans().find(place.path);
+    if (scan != subject.scans().end() && scan->second.withChoices.count({place.line, place.column}) > 0) continue;
+    findings.push_back({place, "Element " + quotedName(*element) + " is a reference and names no set in a choice."});
+  }
+  return findings;
+}
+
+Findings findUnknownAnnotations(const Subject& subject) {
+  Findings findings;
+  for (const auto& [path, scan] : subject.scans()) {
+    for (const DeclarationScan::UnknownAnnotation& unknown : scan.unknownAnnotations) {
+      findings.push_back(
+          {placeAt(path, unknown.position), "The annotation \"" + unknown.source + "\" is none that is read."});
+      if (!unknown.nearest.empty()) findings.back().remedy = "Did you mean \"" + unknown.nearest + "\"?";
+    }
+  }
+  return findings;
+}
+
+Findings findReferencesWithoutStatus(const Subject& subject) {
+  std::map<std::pair<std::u32string, std::u32string>, const DictionaryIndex::Element*> elements;
+  for (const DictionaryIndex::Element* element : subject.elements()) {
+    elements.emplace(std::make_pair(propertyText(*element, PropertyKeys::xmlNamespaceURI),
+                                    propertyText(*element, PropertyKeys::xmlTagName)),
+                     element);
+  }
+  Findings findings;
+  for (const auto& [path, scan] : subject.scans()) {
+    for (const DeclarationScan::PlainReference& reference : scan.plainReferences) {
+      const auto element = elements.find({printable(reference.namespaceUri), printable(reference.elementName)});
+      if (element == elements.end()) continue;
+      findings.push_back({placeAt(path, reference.position),
+                          "Element " + quotedName(*element->second) + " has no required status in type \"" +
+                              encode(printable(reference.typeName)) + "\", and is left out of its sets."});
+    }
+  }
+  return findings;
+}
+
+}  // namespace MXF::Tessel::Tool

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "loading/Annotations.h"
+
+#include <Templates/Containers.h>
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace MXF::Tessel::Tool {
+
+/// Line and column at which a declaration begins.
+using DeclarationPosition = std::pair<std::uint32_t, std::uint32_t>;
+
+/// What a document declares and the loader passes over without a word.
+struct DeclarationScan {
+  struct UnknownAnnotation {
+    DeclarationPosition position;
+    std::string source;
+    std::string nearest;  ///< The source that was probably meant; empty when none comes near.
+  };
+  struct PlainReference {
+    DeclarationPosition position;
+    Templates::WideString typeName;  ///< Of the complex type that it stands in.
+    Templates::WideString namespaceUri;
+    Templates::WideString elementName;
+  };
+
+  std::vector<UnknownAnnotation> unknownAnnotations;  ///< Of the flavour in use.
+  std::vector<PlainReference> plainReferences;        ///< References in complex types that have no required status.
+  std::set<DeclarationPosition> withChoices;          ///< Top-level declarations that name sets in a choice.
+};
+
+/// Looks into a document; there is nothing to find in one that cannot be read.
+DeclarationScan scanDeclarations(const Templates::WideString& path, const Annotations& annotations);
+
+}  // namespace MXF::Tessel::Tool
