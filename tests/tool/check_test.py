@@ -19,7 +19,7 @@ LOCATION = {
             "type": "object", "required": ["artifactLocation"], "additionalProperties": False,
             "properties": {
                 "artifactLocation": {"type": "object", "required": ["uri"], "additionalProperties": False,
-                                     "properties": {"uri": {"pattern": "^([A-Za-z0-9._~/!$&'()*+,;=@-]|%[0-9A-F]{2})+$"}}},
+                                     "properties": {"uri": {"pattern": "^(file://)?([A-Za-z0-9._~/!$&'()*+,;=@-]|%[0-9A-F]{2})+$"}}},
                 "region": {"type": "object", "required": ["startLine", "startColumn"], "additionalProperties": False,
                            "properties": {"startLine": {"type": "integer", "minimum": 1},
                                           "startColumn": {"type": "integer", "minimum": 1}}}}}},
@@ -192,14 +192,34 @@ class Check(ToolTest):
                  "    Add the element to a set, load the scheme that uses it, or take it out.\n")
         summary = "\nChecked 3 elements and 1 set of 2 files: 0 errors, 0 warnings, 2 notes.\n"
         self.assertEqual(self.run_tool("check", *files)[1].decode(), lines + summary)
-        self.assertEqual(self.run_tool("check", *files, "--quiet")[1].decode(), lines)
+        self.assertEqual(self.run_tool("check", *files, "--quiet")[1], b"")
         self.assertIn("\x1b[36mnote:\x1b[0m", self.run_tool("check", *files, "--color", "always")[1].decode())
         self.assertIn(b"No set was loaded", self.run_tool("check", "--dictionary", "d.xsd")[1])
+
+    def test_text_for_people_is_short(self):
+        path = "d" * 60 + ".xsd"
+        self.write(path, dictionary(*(element(n, f"E{n}") for n in range(1, 9)), "\n", element(9, "Again"),
+                                    *("\n" + reference(n, f"R{n}", "Missing", "Other") for n in (10, 11))))
+        self.write("s.xsd", scheme(group(1, "G", *(attribute(name) for name in ("E1", "Again", "R10", "R11")))))
+        files = schema_arguments([path, "s.xsd"])
+        text = self.run_tool("check", *files)[1].decode()
+        self.assertLessEqual(max(map(len, text.splitlines())), 100)
+        self.assertEqual(text.count(" note: "), 1)
+        self.assertIn(f'{path}:1:', text)
+        self.assertIn('"E2", "E3", "E4" and 4 more', " ".join(text.split()))
+        self.assertEqual(text.count("urn:x:groups"), 1)
+        strict = self.run_tool("check", *files, "--quiet", "--strict")[1].decode()
+        self.assertEqual((strict.count(" warning: "), strict.count(" note: ")), (2, 0))
+        self.assertEqual(self.run_tool("check", *files, "--quiet"), (0, b"", b""))
+        found = self.findings(path, "s.xsd")
+        self.assertEqual(len([finding for finding in found if finding["rule"] == "unused-element"]), 7)
+        self.assertIn("urn:x:groups", found[1]["message"])
 
     def test_sarif(self):
         self.write("d.xsd", dictionary("\n", element(1, "A"), element(2, "B", name="A")))
         self.write("s \u00e4:%.xsd", scheme(group(1, "G", attribute("A"), attribute("None"))))
-        _, output, _ = self.run_tool("check", *schema_arguments(["d.xsd", "s \u00e4:%.xsd", "dx.xsd"]), "--format", "sarif")
+        _, output, _ = self.run_tool("check", *schema_arguments(["d.xsd", "s \u00e4:%.xsd", "dx.xsd"]),
+                                     "--scheme", self.folder / "x", "--format", "sarif")
         log = json.loads(output)
         jsonschema.Draft202012Validator(SARIF).validate(log)
         run = log["runs"][0]
@@ -209,8 +229,8 @@ class Check(ToolTest):
         physical = [location["physicalLocation"] for result in run["results"]
                     for location in result["locations"] + result.get("relatedLocations", [])]
         self.assertEqual([place["artifactLocation"]["uri"] for place in physical],
-                         ["s%20%C3%A4%3A%25.xsd", "dx.xsd", "d.xsd", "d.xsd"])
-        self.assertEqual(["region" in place for place in physical], [True, False, True, True])
+                         ["s%20%C3%A4%3A%25.xsd", "dx.xsd", f"file://{self.folder}/x", "d.xsd", "d.xsd"])
+        self.assertEqual(["region" in place for place in physical], [True, False, False, True, True])
 
     def test_shipped_schemas_have_nothing_but_names_that_repeat(self):
         for flavour in ("registry", "urn"):

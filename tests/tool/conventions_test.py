@@ -32,6 +32,7 @@ WRONG_USAGE = [
     (["dump", "--dictionry=d.xsd"], "no such option: --dictionry; did you mean --dictionary?"),
     (["dump", "d.xsd", "--SCHEME", "d.xsd"], "no such option: --SCHEME; did you mean --scheme?"),
     (["dump", "--do"], "no such option: --do; did you mean --documentation?"),
+    (["check", "--dictionary", "d.xsd", "--keep-going"], "--keep-going is not needed: check always does that"),
     (["dump", "--dictionary", "d.xsd", "-q"], "no such option: -q\n"),
     (["dump", "--dictionary", "d.xsd", "--format", "xml"], "--format: there is no \"xml\", only text, json"),
     (["dump", "--dictionary", "d.xsd", "--multiplex", "m.xsd", "--multiplex", "n.xsd"], "--multiplex"),

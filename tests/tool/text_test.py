@@ -98,10 +98,14 @@ class Text(ToolTest):
         self.assertIn(b"\x1b[1mElements: 1\x1b[0m\n", coloured)
         self.assertEqual((re.sub(rb"\x1b\[[0-9;]+m", b"", coloured), b"\x1b" in plain), (plain, False))
         for options, variables, expected in (([], {}, coloured), (["--color", "never"], {}, plain),
-                                             ([], {"NO_COLOR": ""}, coloured), ([], {"NO_COLOR": "1"}, plain)):
+                                             ([], {"NO_COLOR": ""}, coloured), ([], {"NO_COLOR": "1"}, plain),
+                                             ([], {"TERM": "dumb"}, plain)):
             with self.subTest(options=options, variables=variables):
-                environment = {name: value for name, value in os.environ.items() if name != "NO_COLOR"}
+                environment = {name: value for name, value in os.environ.items() if name not in ("NO_COLOR", "TERM")}
                 self.assertEqual(self.on_terminal([*files, *options], {**environment, **variables}), expected)
+
+        errors = self.run_tool("dump", "--dictionary", "absent.xsd", "--color", "always")[2]
+        self.assertTrue(errors.startswith(b"\x1b[1mabsent.xsd:\x1b[0m \x1b[1;31merror:\x1b[0m absent.xsd file"), errors)
 
     def on_terminal(self, arguments, environment):
         terminal, end = pty.openpty()

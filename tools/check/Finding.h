@@ -39,8 +39,12 @@ struct Finding {
   Place place;
   std::string message;                ///< What is wrong: a sentence.
   std::vector<RelatedPlace> related;  ///< Where it clashes with, if it does.
-  std::string remedy;                 ///< What to do: a sentence; that of the rule unless it says more.
-  const Rule* rule = nullptr;         ///< Set by check().
+  /// The message without what other findings say as well, for people; the message when empty.
+  std::string shortMessage;
+  std::vector<std::string> namespaces;  ///< What the short message leaves out: of the names in it.
+  std::string name;                     ///< Of what it is about, where many findings are told as one.
+  std::string remedy;                   ///< What to do: a sentence; that of the rule unless it says more.
+  const Rule* rule = nullptr;           ///< Set by check().
 };
 
 using Findings = std::vector<Finding>;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace MXF::Tessel::Tool {
 
@@ -45,11 +46,18 @@ using UndeclaredSets = std::map<Templates::WideString, std::string>;
 
 Finding undeclaredReferences(const DictionaryIndex::Element& element, const UndeclaredSets& sets) {
   std::string text;
-  for (const auto& [uri, names] : sets) {
-    text += (text.empty() ? "" : "; ") + names + " of namespace " + encode(printable(uri));
+  std::string names;
+  std::vector<std::string> namespaces;
+  for (const auto& [uri, namesOfUri] : sets) {
+    namespaces.push_back(encode(printable(uri)));
+    text += (text.empty() ? "" : "; ") + namesOfUri + " of namespace " + namespaces.back();
+    names += (names.empty() ? "" : ", ") + namesOfUri;
   }
-  return {placeAt(element.origin()),
-          "Element " + quotedName(element) + " refers to what no scheme declares: " + text + "."};
+  const std::string start = "Element " + quotedName(element) + " refers to what no scheme declares: ";
+  Finding finding(placeAt(element.origin()), start + text + ".");
+  finding.shortMessage = start + names + ".";
+  finding.namespaces = std::move(namespaces);
+  return finding;
 }
 
 }  // namespace
@@ -89,6 +97,7 @@ Findings findUnusedElements(const Subject& subject) {
   for (const DictionaryIndex::Element* element : subject.elements()) {
     if (!subject.index().usesOf(*element).empty()) continue;
     findings.push_back({placeAt(element->origin()), "No set uses element " + quotedName(*element) + "."});
+    findings.back().name = quotedName(*element);
   }
   return findings;
 }

@@ -59,7 +59,8 @@ const std::vector<Rule>& allRules() {
       {"repeated-name", Severity::Note, "Two elements, or two sets, have one name.",
        "Tell them apart by label or key, or give one of them another name.", findRepeatedNames, false},
       {"unused-element", Severity::Note, "No set uses an element.",
-       "Add the element to a set, load the scheme that uses it, or take it out.", findUnusedElements, false},
+       "Add the element to a set, load the scheme that uses it, or take it out.", findUnusedElements, false,
+       "No set uses the elements "},
   };
   return rules;
 }

@@ -24,6 +24,8 @@ struct Rule {
   Findings (*examine)(const Subject& subject);
   /// It is about the files and not about the dictionary, and applies unless it is turned off by its id.
   bool isAboutLoading;
+  /// What comes before the names when many findings of one file are told as one; null when each is told.
+  const char* many = nullptr;
 };
 
 /// All rules, errors first.

@@ -78,9 +78,12 @@ void declareRuleOption(CLI::App& subcommand, const char* name, std::vector<std::
       ->check(checkRuleId);
 }
 
-std::string write(const CheckResult& result, const OutputOptions& output) {
+std::string write(const CheckResult& result, const CheckRequest& request) {
+  const OutputOptions& output = request.output;
   if (output.format == Formats::json) return findingsJson(result);
-  return output.format == sarifFormat ? findingsSarif(result) : findingsText(result, !output.quiet);
+  if (output.format == sarifFormat) return findingsSarif(result);
+  if (!output.quiet) return findingsText(result, Severity::Note, true);
+  return findingsText(result, request.isStrict ? Severity::Warning : Severity::Error, false);
 }
 
 ExitStatus runCheck(const CheckRequest& request) {
@@ -88,7 +91,7 @@ ExitStatus runCheck(const CheckRequest& request) {
   LoadOutcome outcome;
   loadSchemas(request.load, outcome, [](const LoadRecord& /*record*/) {});  // what went wrong is among the findings
   const CheckResult result = check(outcome, request.rules);
-  writeResult(request.output, write(result, request.output));
+  writeResult(request.output, write(result, request));
   const bool hasWarnings = result.count(Severity::Warning) > 0;
   const bool fails = result.count(Severity::Error) > 0 || (request.isStrict && hasWarnings);
   return fails ? ExitStatus::Failure : ExitStatus::Success;
@@ -104,6 +107,8 @@ void declareCheck(CLI::App& tool, Action& action) {
   const SubcommandHelp help = {"check", "Examines schemas for what is missing, clashes or was lost.", text.c_str(),
                                examples};
   CLI::App& subcommand = declareSubcommand(tool, help, {Formats::text, Formats::json, sarifFormat}, request->output);
+  subcommand.get_option("--quiet")->description(
+      "Only errors, with --strict also warnings, in text: no notes,\nno summary");
   declareRuleOption(subcommand, "--rule", request->rules.only,
                     "Apply this rule only, beside those about loading;\nmay be given many times");
   declareRuleOption(subcommand, "--disable", request->rules.disabled,

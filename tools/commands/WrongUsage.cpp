@@ -59,11 +59,17 @@ std::string misplacedOption(const CLI::App& tool, const std::string& option) {
   return "";
 }
 
+/// An option of other commands for what check does anyway.
+bool isDoneAnyway(const CLI::App& app, const std::string& option) {
+  return app.get_name() == "check" && (option == "--keep-going" || option == "--abstract-groups");
+}
+
 std::string describeSurplus(const CLI::App& tool, const CLI::App& app, const std::string& argument) {
   const std::string name = nameIn(argument);
   const bool isTool = &app == &tool;
   const bool isBehindDashes = isOptionOf(app, name);
   if (looksLikeOption(argument) && !isBehindDashes) {
+    if (isDoneAnyway(app, name)) return name + " is not needed: check always does that where it can";
     std::string misplaced = isTool ? misplacedOption(tool, name) : "";
     if (!misplaced.empty()) return misplaced;
     if (app.get_name() == "diff" && isOptionOf(*tool.get_subcommand("dump"), name)) return name + ": " + howToCompare;

@@ -16,12 +16,12 @@ namespace MXF::Tessel::Tool {
 namespace {
 
 /// A path as a reference of RFC 3986: bytes that are not allowed in one are escaped. A colon is, too, lest what is
-/// before it be taken for a scheme.
+/// before it be taken for a scheme. An absolute path becomes a URI of its own.
 std::string uriOf(const Templates::WideString& path) {
   constexpr std::string_view allowed =
       "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-._~/!$&'()*+,;=@";
   constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string uri;
+  std::string uri = path.empty() || path.front() != L'/' ? "" : "file://";
   for (const char character : Utils::wstringToString(path.c_str())) {
     const auto byte = static_cast<unsigned char>(character);
     if (allowed.find(character) != std::string_view::npos) {

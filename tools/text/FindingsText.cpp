@@ -5,13 +5,19 @@
 
 #include <Utils/TextConversion.h>
 
+#include <algorithm>
 #include <limits>
+#include <string_view>
 
 namespace MXF::Tessel::Tool {
 
 namespace {
 
 constexpr std::size_t remedyColumn = 4;
+constexpr std::size_t continuationColumn = 6;
+constexpr std::size_t leastWidth = 20;  ///< Of a message beside a place that takes the whole line.
+constexpr std::size_t mostAlike = 5;    ///< Findings of a rule in one file that are told one by one.
+constexpr std::size_t namedOfMany = 3;
 constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
 
 std::u32string wide(const std::string& text) {
@@ -35,21 +41,82 @@ Style styleOf(Severity severity) {
   return Style::Hint;
 }
 
-/// One line however long it is, as programs that read it expect.
-void appendLine(std::string& page, const Place& place, Severity severity, const std::u32string& message) {
+/// The place comes first on its line, where editors look for it; what does not fit follows, indented.
+void appendMessage(std::string& page, const Place& place, Severity severity, std::u32string_view message) {
   const std::u32string where = placeText(place);
   const std::u32string kind = fromAscii(severityName(severity)) + U":";
   const std::size_t kindColumn = columnsOf(where) + 1;
+  const std::size_t column = kindColumn + kind.size() + 1;
+  const std::size_t width = column + leastWidth < pageWidth ? pageWidth - column : leastWidth;
+  const std::u32string first = wrap(message, width).front();
   appendRow(page, {{0, unlimited, where, Style::Name},
                    {kindColumn, unlimited, kind, styleOf(severity)},
-                   {kindColumn + kind.size() + 1, unlimited, message}});
+                   {column, unlimited, first}});
+  message.remove_prefix(first.size());
+  if (!message.empty() && message.front() == U' ') message.remove_prefix(1);
+  if (!message.empty()) appendParagraph(page, continuationColumn, message);
+}
+
+std::u32string ruleText(const Finding& finding) {
+  return U" [" + fromAscii(finding.rule->id) + U"]";
 }
 
 void appendFinding(std::string& page, const Finding& finding) {
-  appendLine(page, finding.place, finding.rule->severity,
-             wide(finding.message) + U" [" + fromAscii(finding.rule->id) + U"]");
+  appendMessage(page, finding.place, finding.rule->severity,
+                wide(finding.shortMessage.empty() ? finding.message : finding.shortMessage) + ruleText(finding));
   for (const RelatedPlace& related : finding.related) {
-    appendLine(page, related.place, Severity::Note, wide(related.message));
+    appendMessage(page, related.place, Severity::Note, wide(related.message));
+  }
+}
+
+using ShownFindings = std::vector<const Finding*>;
+
+/// How many findings from one on are told as one: those of a rule in one file, if they are many.
+std::size_t toldAsOne(const ShownFindings& findings, std::size_t start) {
+  const Finding& first = *findings[start];
+  if (first.rule->many == nullptr) return 1;
+  std::size_t end = start + 1;
+  while (end < findings.size() && findings[end]->rule == first.rule && findings[end]->place.path == first.place.path)
+    ++end;
+  return end - start > mostAlike ? end - start : 1;
+}
+
+void appendMany(std::string& page, const ShownFindings& findings, std::size_t start, std::size_t count) {
+  const Finding& first = *findings[start];
+  std::string names;
+  for (std::size_t i = start; i < start + namedOfMany; ++i) names += (i == start ? "" : ", ") + findings[i]->name;
+  appendMessage(page, first.place, first.rule->severity,
+                wide(first.rule->many + names + " and " + std::to_string(count - namedOfMany) +
+                     " more of this file; --format json tells each.") +
+                    ruleText(first));
+}
+
+/// The namespaces that short messages left out, each once.
+void appendNamespaces(std::string& page, const std::vector<std::string>& namespaces) {
+  if (namespaces.empty()) return;
+  appendParagraph(page, remedyColumn, namespaces.size() == 1 ? U"Namespace of the sets:" : U"Namespaces of the sets:",
+                  Style::Hint);
+  for (const std::string& uri : namespaces) appendParagraph(page, continuationColumn, wide(uri), Style::Hint);
+}
+
+void appendFindings(std::string& page, const ShownFindings& findings) {
+  std::vector<std::string> namespaces;
+  for (std::size_t i = 0; i < findings.size();) {
+    const Finding& finding = *findings[i];
+    const std::size_t count = toldAsOne(findings, i);
+    if (count > 1) {
+      appendMany(page, findings, i, count);
+    } else {
+      appendFinding(page, finding);
+    }
+    for (const std::string& uri : finding.namespaces) {
+      if (std::find(namespaces.begin(), namespaces.end(), uri) == namespaces.end()) namespaces.push_back(uri);
+    }
+    i += count;
+    if (i < findings.size() && findings[i]->remedy == finding.remedy) continue;
+    appendParagraph(page, remedyColumn, wide(finding.remedy), Style::Hint);
+    appendNamespaces(page, namespaces);
+    namespaces.clear();
   }
 }
 
@@ -74,14 +141,13 @@ void appendSummary(std::string& page, const CheckResult& result) {
 
 }  // namespace
 
-std::string findingsText(const CheckResult& result, bool withSummary) {
-  std::string page;
-  for (std::size_t i = 0; i < result.findings.size(); ++i) {
-    const Finding& finding = result.findings[i];
-    appendFinding(page, finding);
-    const bool isRepeated = i + 1 < result.findings.size() && result.findings[i + 1].remedy == finding.remedy;
-    if (!isRepeated) appendParagraph(page, remedyColumn, wide(finding.remedy), Style::Hint);
+std::string findingsText(const CheckResult& result, Severity least, bool withSummary) {
+  ShownFindings shown;
+  for (const Finding& finding : result.findings) {
+    if (finding.rule->severity <= least) shown.push_back(&finding);
   }
+  std::string page;
+  appendFindings(page, shown);
   if (withSummary) appendSummary(page, result);
   return page;
 }
