@@ -126,8 +126,7 @@ void scanElement(const DOMElement& declaration, DeclarationScan& scan) {
   });
 }
 
-DeclarationScan scanSchema(const DOMElement& schema, const Annotations& annotations) {
-  DeclarationScan scan;
+void scanSchema(const DOMElement& schema, const Annotations& annotations, DeclarationScan& scan) {
   forEachWithin(*schema.getElementsByTagNameNS(schemaNamespace, u"appinfo"),
                 [&](const DOMElement& appinfo) { scanAnnotation(appinfo, annotations, scan); });
   const std::set<std::u16string> ofGroups = groupTypes(schema, annotations);
@@ -136,7 +135,6 @@ DeclarationScan scanSchema(const DOMElement& schema, const Annotations& annotati
     if (!isNamed(declaration, u"complexType")) return;
     scanType(declaration, ofGroups.count(declaration.getAttribute(u"name")) > 0, annotations, scan);
   });
-  return scan;
 }
 
 }  // namespace
@@ -144,7 +142,7 @@ DeclarationScan scanSchema(const DOMElement& schema, const Annotations& annotati
 DeclarationScan scanDeclarations(const Templates::WideString& path, const Annotations& annotations) {
   DeclarationScan scan;
   lookInto(path, [&](const xercesc::DOMDocument& document) {
-    scan = scanSchema(*document.getDocumentElement(), annotations);
+    scanSchema(*document.getDocumentElement(), annotations, scan);
   });
   return scan;
 }

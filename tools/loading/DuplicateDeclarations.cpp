@@ -89,7 +89,10 @@ void addFirstDeclaration(const Failure& failure, const LoadOutcome& outcome, Exp
     explanation.remedy = "Leave one of the two out: this declaration was loaded before.";
     return;
   }
-  if (!first) first = inDocument(failure, annotationsOf(outcome.targetNamespace));
+  if (!first) {
+    first = inDocument(failure, annotationsOf(outcome.targetNamespace));
+    if (first) explanation.remedy = "Give one of the two another, or leave one out.";
+  }
   if (first) explanation.related.push_back(*first);
 }
 

@@ -20,8 +20,6 @@ struct Failure {
 /// What stands for the class of an exception when a file is of another kind or flavour than it was given as; the same as
 /// the rule of check.
 inline constexpr const char* wrongFileClass = "wrong-file";
-/// The same when no file declares an element.
-inline constexpr const char* emptyDictionaryClass = "empty-dictionary";
 
 /// Runs the action and gives its failure, or nothing when it returns. An exception of the XML libraries is named by the
 /// base class that the libraries document; one of our own family, or of the standard library, by its own class.

@@ -97,9 +97,9 @@ std::string remedyOfElementLabel(const Case& fault) {
 }
 
 std::string remedyOfName(const Case& fault) {
-  std::string remedy = "Give the declaration its name in ";
-  bool isGroup = fault.record.file.kind == FileKind::Scheme;
-  return remedy + annotation(isGroup ? fault.annotations().groupName : fault.annotations().elementName) + ".";
+  const bool isGroup = fault.record.file.kind == FileKind::Scheme;
+  return "Give the declaration its name in " +
+         annotation(isGroup ? fault.annotations().groupName : fault.annotations().elementName) + ".";
 }
 
 std::string remedyOfAbstractGroup() {
@@ -118,6 +118,10 @@ std::string remedyOfGroupKey(const Case& fault) {
 
 std::string remedyOfBaseGroup(const Case& /*fault*/) {
   return remedyOfAbstractGroup();
+}
+
+std::string remedyOfMissingStatus(const Case& fault) {
+  return "Write the required status into " + annotation(fault.annotations().requiredStatus) + ".";
 }
 
 std::string remedyOfStatus(const Case& fault) {
@@ -191,12 +195,11 @@ std::string remedyOfTargetNamespace(const Case& /*fault*/) {
 }
 
 std::string remedyOfDuplicateElement(const Case& /*fault*/) {
-  return "An element with this label is declared already. Give one of the two another label, or load only one of their "
-         "schemas.";
+  return "Give one of the two another label, or load only one of their schemas.";
 }
 
 std::string remedyOfDuplicateSet(const Case& /*fault*/) {
-  return "A set with this key is declared already. Give one of the two another key, or load only one of their schemes.";
+  return "Give one of the two another key, or load only one of their schemes.";
 }
 
 std::string remedyOfMissingElement(const Case& fault) {
@@ -237,14 +240,23 @@ constexpr Row rows[] = {
     {"InvalidMetaElementDeclaration", L"Empty name attribute", remedyOfItemName},
     {"InvalidMetaElementDeclaration", L"No default prefix defined for namespace: ", remedyOfNamespace},
     {"SchemeDataMissingException", L"MetaMetadataSet without Key declaration.", remedyOfGroupKey},
+    {"SchemeDataMissingException", L"MetaMetadataSet without RequiredStatus.", remedyOfMissingStatus},
     {"SchemeDataMissingException", L"Definition of type ", remedyOfBaseGroup},
     {"SchemeDataMissingException", L"*is its own base type", remedyOfTypeCircle},
     {"SchemeDataMissingException", L"*was not found", remedyOfMissingType},
     {"SchemeDataMissingException", L"Scheme document without target namespace", remedyOfTargetNamespace},
     {"InvalidValue", L"Unknown required status: ", remedyOfStatus},
     {"InvalidValue", L"Invalid local tag: ", remedyOfLocalTag},
-    {"InvalidValue", L"*: ", remedyOfValue},
+    {"InvalidValue", L"Invalid ", remedyOfValue},
 };
+
+/// Of messages that are nothing but a text of the schema.
+std::string meaningOf(const Failure& failure) {
+  if (failure.className == "InvalidULDesignator") return "Neither a label nor a key";
+  if (failure.className == "MetaElementAlreadyLoaded") return "An element with this label is declared already";
+  if (failure.className == "MetaMetadataSetAlreadyLoaded") return "A set with this key is declared already";
+  return "";
+}
 
 bool applies(const Row& row, const Failure& failure) {
   if (row.className != failure.className) return false;
@@ -274,7 +286,7 @@ Explanation explainFailure(const LoadRecord& record, const LoadOutcome& outcome,
     const std::string remedy = remedyOfNoMultiplex(record.file);
     if (!remedy.empty()) explanation.remedy = remedy;
   }
-  if (failure.className == "InvalidULDesignator") explanation.meaning = "Neither a label nor a key";
+  explanation.meaning = meaningOf(failure);
   addFirstDeclaration(failure, outcome, explanation);
   return explanation;
 }
