@@ -98,7 +98,8 @@ void scanType(const DOMElement& type, bool isOfGroup, const Annotations& annotat
       found.push_back(plainReference(inner, type));
     }
   });
-  if (isOfGroup) scan.plainReferences.insert(scan.plainReferences.end(), found.begin(), found.end());
+  if (!isOfGroup) return;
+  for (const DeclarationScan::PlainReference& reference : found) scan.plainReferences.push_back(reference);
 }
 
 /// The names of the types that the groups of a document have.
