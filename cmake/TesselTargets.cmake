@@ -32,7 +32,10 @@ function(tesselmxf_library)
     SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
-  # Templates of the standard library that several modules hold are otherwise bound to the module that came first. That may
-  # be a host's plug-in, which then cannot be unloaded while a library of ours is in the process.
-  target_link_options(${target} PRIVATE LINKER:-Bsymbolic)
+  # Each library uses what it holds itself, but for what is listed. Templates of the standard library that several modules
+  # hold are otherwise bound to the module that came first, which may be a host's plug-in: it then cannot be unloaded
+  # while a library of ours is in the process.
+  set(replaceable "${PROJECT_SOURCE_DIR}/cmake/replaceable.list")
+  target_link_options(${target} PRIVATE "LINKER:--dynamic-list=${replaceable}")
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${replaceable}")
 endfunction()

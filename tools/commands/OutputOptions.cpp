@@ -2,6 +2,7 @@
 
 #include "output/OutputFile.h"
 #include "output/StandardStreams.h"
+#include "text/Unicode.h"
 
 #include <CLI/CLI.hpp>
 
@@ -90,7 +91,8 @@ bool outputIsInput(const OutputOptions& options, const std::vector<std::string>&
 
 void reportProblem(const OutputOptions& options, const std::string& place, Style kind, const std::string& text) {
   if (!wantsColour(options, STDERR_FILENO)) return reportLine(place + ": " + nameOfKind(kind) + ' ' + text);
-  reportLine(inStyle(place + ':', Style::Name) + ' ' + inStyle(nameOfKind(kind), kind) + ' ' + text);
+  reportStyledLine(inStyle(printableBytes(place) + ':', Style::Name) + ' ' + inStyle(nameOfKind(kind), kind) + ' ' +
+                   printableBytes(text));
 }
 
 }  // namespace MXF::Tessel::Tool

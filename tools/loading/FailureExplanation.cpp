@@ -75,7 +75,6 @@ std::string remedyOfIoError(const Case& fault) {
   const WideString& message = fault.failure().message;
   if (message.size() < ending.size()) return "Check that the file is there and can be read.";
   const std::string path = narrow(message.substr(0, message.size() - ending.size()));
-  if (path.empty()) return "The name of the file is empty.";
   const std::string what = path == fault.record.file.path ? "The file" : "The imported file";
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored)) return what + " is a directory; name a file in it.";

@@ -14,8 +14,12 @@ void writeStandardOutput(std::string_view text) {
 }
 
 void reportLine(std::string_view message) {
+  reportStyledLine(printableBytes(message));
+}
+
+void reportStyledLine(std::string_view line) {
   try {
-    writeAll(STDERR_FILENO, printableBytes(message) + '\n', "standard error");
+    writeAll(STDERR_FILENO, std::string(line) + '\n', "standard error");
   } catch (const std::system_error&) {  // NOLINT(bugprone-empty-catch): see the header
   }
 }
