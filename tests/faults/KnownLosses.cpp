@@ -40,6 +40,7 @@ const char* const failingReport = "XQillaException::XQillaException(";
 /// Functions that hand memory on to their callers; a path stands for functions that are not exported.
 const char* const plumbing[] = {"MXF::Tessel::Test::Allocations",
                                 "operator new",
+                                "backtrace",  // of a sanitizer
                                 "::MemoryManagerImpl::allocate(",
                                 "XMemory::operator new",
                                 "/",

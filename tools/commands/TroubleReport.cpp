@@ -1,17 +1,10 @@
 #include "commands/TroubleReport.h"
 
-#include <Utils/TextConversion.h>
+#include "text/Unicode.h"
 
 namespace MXF::Tessel::Tool {
 
-namespace {
-
-std::string narrow(const Templates::WideString& text) {
-  const Templates::NarrowString result = Utils::wstringToString(text.c_str());
-  return {result.begin(), result.end()};
-}
-
-}  // namespace
+namespace {}  // namespace
 
 void TroubleReport::tell(const LoadRecord& record) {
   if (record.failure) return tellFailure(record);

@@ -1,5 +1,7 @@
 #include "loading/Failure.h"
 
+#include "text/Unicode.h"
+
 #include <Exceptions/BaseException.h>
 #include <Utils/TextConversion.h>
 #include <XMLUtils/TextConversion.h>
@@ -35,11 +37,6 @@ Failure xmlFailure(const char* className, const XMLCh* message) {
   Failure failure{className, std::nullopt, {}, {}};
   XMLUtils::utf16ToWstring(message, failure.message);
   return failure;
-}
-
-std::string narrow(const Templates::WideString& text) {
-  const Templates::NarrowString result = Utils::wstringToString(text.c_str());
-  return {result.begin(), result.end()};
 }
 
 Failure parserFailure(const xercesc::SAXParseException& error) {

@@ -7,9 +7,9 @@
 #include "loading/DuplicateDeclarations.h"
 #include "loading/NothingLoaded.h"
 #include "loading/SchemaDocument.h"
+#include "text/Unicode.h"
 
 #include <MetaMetadata/AttributeRequiredStatus.h>
-#include <Utils/TextConversion.h>
 #include <XMLUtils/TextConversion.h>
 
 #include <xercesc/dom/DOMNodeList.hpp>
@@ -25,11 +25,6 @@ using Templates::WideString;
 using xercesc::DOMElement;
 
 namespace {
-
-std::string narrow(const WideString& text) {
-  const Templates::NarrowString result = Utils::wstringToString(text.c_str());
-  return {result.begin(), result.end()};
-}
 
 std::string quoted(const WideString& text) {
   return '"' + narrow(text) + '"';

@@ -4,19 +4,13 @@
 
 #include "loading/Annotations.h"
 #include "loading/SchemaContents.h"
-
-#include <Utils/TextConversion.h>
+#include "text/Unicode.h"
 
 #include <filesystem>
 
 namespace MXF::Tessel::Tool {
 
 namespace {
-
-std::string narrow(const wchar_t* text) {
-  const Templates::NarrowString result = Utils::wstringToString(text);
-  return {result.begin(), result.end()};
-}
 
 /// A flavour as seen from a document.
 struct Flavour {
@@ -52,7 +46,7 @@ NothingLoaded wrongFlavour(const SchemaFile& file, const Flavour& used, const Fl
                            counted(declaredAs(file.kind, other.declared), noun.c_str()) + " in the " +
                            other.annotations.flavour + " flavour";
   const std::string choice = howToChoose(other.annotations, file.path);
-  const bool isDefault = other.annotations.multiplexNamespace == urnMultiplexNamespace;
+  const bool isDefault = &other.annotations == &annotationsOf(urnMultiplexNamespace);
   return {text, (isDefault ? "Leave out --multiplex, or give " : "Add ") + choice + ".", true};
 }
 

@@ -1,5 +1,7 @@
 #include "text/Unicode.h"
 
+#include <Utils/TextConversion.h>
+
 #include <algorithm>
 #include <iterator>
 
@@ -78,6 +80,11 @@ void appendEncoded(std::string& bytes, char32_t codePoint) {
 }
 
 }  // namespace
+
+std::string narrow(const Templates::WideString& text) {
+  const Templates::NarrowString result = Utils::wstringToString(text.c_str());
+  return {result.begin(), result.end()};
+}
 
 bool isSurrogate(char32_t codePoint) {
   return codePoint >= 0xD800 && codePoint <= 0xDFFF;

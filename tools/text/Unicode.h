@@ -18,6 +18,9 @@ bool isSurrogate(char32_t codePoint);
 /// the second A0 hex or above, which well-formed UTF-8 never has.
 std::string encode(std::u32string_view text);
 
+/// The same of a text that may hold bytes which are not UTF-8, as paths do: they come back as they were.
+std::string narrow(const Templates::WideString& text);
+
 /// The text with all that would disturb a terminal or a layout taken out: control characters become blanks, lone
 /// surrogates and characters that change the direction of what follows U+FFFD.
 std::u32string printable(std::u32string text);
