@@ -25,21 +25,9 @@ DeclarationPosition positionOf(const DOMElement& element) {
   return {position.line, position.column};
 }
 
-bool isNamed(const DOMElement& element, std::u16string_view localName) {
-  return element.getLocalName() != nullptr && element.getLocalName() == localName;
-}
-
 template <class Action>
 void forEachWithin(const xercesc::DOMNodeList& list, const Action& action) {
   for (XMLSize_t i = 0; i < list.getLength(); ++i) action(static_cast<const DOMElement&>(*list.item(i)));
-}
-
-template <class Action>
-void forEachChild(const DOMElement& parent, const Action& action) {
-  for (const DOMElement* child = parent.getFirstElementChild(); child != nullptr;
-       child = child->getNextElementSibling()) {
-    action(*child);
-  }
 }
 
 bool beginsWith(std::u16string_view text, std::u16string_view start) {

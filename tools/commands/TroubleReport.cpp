@@ -4,8 +4,6 @@
 
 namespace MXF::Tessel::Tool {
 
-namespace {}  // namespace
-
 void TroubleReport::tell(const LoadRecord& record) {
   if (record.failure) return tellFailure(record);
   if (record.warning && !output_.quiet) reportProblem(output_, record.file.path, Style::Warning, *record.warning);

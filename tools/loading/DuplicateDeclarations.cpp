@@ -2,9 +2,10 @@
 
 #include "loading/Annotations.h"
 #include "loading/SchemaDocument.h"
+#include "text/IdentifierForm.h"
+#include "text/Unicode.h"
 
 #include <MetaMetadata/PropertyKeys.h>
-#include <Utils/TextConversion.h>
 #include <XMLUtils/SourcePosition.h>
 
 #include <algorithm>
@@ -18,13 +19,8 @@ using Utils::SourceLocation;
 
 namespace {
 
-std::string quoted(const WideString& text) {
-  const Templates::NarrowString narrow = Utils::wstringToString(text.c_str());
-  return '"' + std::string(narrow.begin(), narrow.end()) + '"';
-}
-
 PlacedNote declaredHere(const SourceLocation& place, const WideString& name) {
-  return {place, quoted(name) + " is declared here"};
+  return {place, '"' + narrow(name) + "\" is declared here"};
 }
 
 bool isSamePlace(const SourceLocation& a, const SourceLocation& b) {
@@ -32,9 +28,7 @@ bool isSamePlace(const SourceLocation& a, const SourceLocation& b) {
 }
 
 std::optional<PlacedNote> inDictionary(const Failure& failure, const Dictionary& dictionary) {
-  const auto isNamed = [&](const auto& identifier) {
-    return identifier.toString(Types::StringRepresentationEncodingType::DottedHex) == failure.message;
-  };
+  const auto isNamed = [&](const auto& identifier) { return identifier.toString(textForm) == failure.message; };
   if (failure.className == "MetaElementAlreadyLoaded") {
     for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry) {
       const MetaMetadata::MetaElement& element = *entry->second;

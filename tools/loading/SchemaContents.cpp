@@ -21,18 +21,11 @@ using xercesc::DOMElement;
 
 namespace {
 
-bool isNamed(const DOMElement& element, std::u16string_view localName) {
-  const XMLCh* name = element.getLocalName();
-  return name != nullptr && name == localName;
-}
-
-/// Calls the action for each child element of that name, or for every child element when the name is empty.
 template <class Action>
-void forEachChild(const DOMElement& parent, std::u16string_view localName, const Action& action) {
-  for (const DOMElement* child = parent.getFirstElementChild(); child != nullptr;
-       child = child->getNextElementSibling()) {
-    if (localName.empty() || isNamed(*child, localName)) action(*child);
-  }
+void forEachChildNamed(std::u16string_view localName, const DOMElement& parent, const Action& action) {
+  forEachChild(parent, [&](const DOMElement& child) {
+    if (isNamed(child, localName)) action(child);
+  });
 }
 
 void countAnnotation(const DOMElement& declaration, std::u16string_view source, SchemaContents& contents) {
@@ -46,9 +39,9 @@ void countAnnotation(const DOMElement& declaration, std::u16string_view source, 
 SchemaContents contentsOf(const DOMElement& schema) {
   SchemaContents contents;
   contents.targetNamespace = XMLUtils::toWstring(schema.getAttribute(u"targetNamespace"));
-  forEachChild(schema, u"", [&](const DOMElement& declaration) {
-    forEachChild(declaration, u"annotation", [&](const DOMElement& annotation) {
-      forEachChild(annotation, u"appinfo", [&](const DOMElement& information) {
+  forEachChild(schema, [&](const DOMElement& declaration) {
+    forEachChildNamed(u"annotation", declaration, [&](const DOMElement& annotation) {
+      forEachChildNamed(u"appinfo", annotation, [&](const DOMElement& information) {
         countAnnotation(declaration, information.getAttribute(u"source"), contents);
       });
     });

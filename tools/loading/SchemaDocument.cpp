@@ -36,10 +36,12 @@ const DOMElement* elementAt(const xercesc::DOMDocument& document, std::uint32_t 
   return nullptr;
 }
 
+bool isNamed(const xercesc::DOMElement& element, std::u16string_view localName) {
+  const XMLCh* name = element.getLocalName();
+  return name != nullptr && name == localName;
+}
+
 std::optional<Templates::WideString> annotationOf(const DOMElement& declaration, std::u16string_view source) {
-  const auto isNamed = [](const DOMElement& element, std::u16string_view name) {
-    return element.getLocalName() != nullptr && element.getLocalName() == name;
-  };
   for (const DOMElement* annotation = declaration.getFirstElementChild(); annotation != nullptr;
        annotation = annotation->getNextElementSibling()) {
     if (!isNamed(*annotation, u"annotation")) continue;

@@ -19,6 +19,17 @@ void lookInto(const Templates::WideString& path, const std::function<void(const 
 /// The element whose start tag begins there, or null.
 const xercesc::DOMElement* elementAt(const xercesc::DOMDocument& document, std::uint32_t line, std::uint32_t column);
 
+bool isNamed(const xercesc::DOMElement& element, std::u16string_view localName);
+
+/// Calls the action with each child element.
+template <class Action>
+void forEachChild(const xercesc::DOMElement& parent, const Action& action) {
+  for (const xercesc::DOMElement* child = parent.getFirstElementChild(); child != nullptr;
+       child = child->getNextElementSibling()) {
+    action(*child);
+  }
+}
+
 /// The text of the first appinfo of that source that annotates a declaration; nothing when there is none.
 std::optional<Templates::WideString> annotationOf(const xercesc::DOMElement& declaration, std::u16string_view source);
 
