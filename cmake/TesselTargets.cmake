@@ -6,8 +6,11 @@ function(tesselmxf_compile_options target)
   target_compile_features(${target} PUBLIC cxx_std_17)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
   target_compile_options(${target} PRIVATE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast
-    -Wcast-qual -Wnull-dereference $<$<BOOL:${TESSELMXF_WARNINGS_AS_ERRORS}>:-Werror>)
+    -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wcast-qual
+    -Wnull-dereference $<$<BOOL:${TESSELMXF_WARNINGS_AS_ERRORS}>:-Werror>)
+  if(NOT CMAKE_UNITY_BUILD)  # which puts the local names of several files into one scope
+    target_compile_options(${target} PRIVATE -Wshadow)
+  endif()
   if(TESSELMXF_SANITIZERS)
     target_compile_options(${target} PRIVATE -fsanitize=${TESSELMXF_SANITIZERS} -fno-sanitize-recover=all
                                              -fno-omit-frame-pointer)

@@ -8,8 +8,8 @@ namespace MXF::Tessel::Test {
 namespace {
 
 /// A schema whose element A has the XML as registry name, with an internal document type.
-std::string schemaWith(const std::string& declarations, const std::string& name = "A name",
-                       const std::string& content = "") {
+std::string schemaDeclaring(const std::string& declarations, const std::string& name = "A name",
+                            const std::string& content = "") {
   return SchemaBuilder()
       .prolog("<!DOCTYPE xs:schema [" + declarations + "]>")
       .add(element("A", 1, "Int32").note("D:ElementName", name))
@@ -35,23 +35,23 @@ TEST(Entities, AreExpandedAtMostTenThousandTimesTheirLength) {
                              });
   const std::string content = "<a>" + times(10'001, "&e;") + "</a>";
   const std::string value = "<a b='" + times(10'001, "&e;") + "'/>";
-  expectOutcome("longest", Load::Dictionary, schemaWith(entity("e", longest), "&e;"), elementNamed("x{4096}"));
-  expectOutcome("longer", Load::Dictionary, schemaWith(entity("e", longest + "x")),
+  expectOutcome("longest", Load::Dictionary, schemaDeclaring(entity("e", longest), "&e;"), elementNamed("x{4096}"));
+  expectOutcome("longer", Load::Dictionary, schemaDeclaring(entity("e", longest + "x")),
                 limitExceeded("1:4133", "4096 characters in an entity"));
-  expectOutcome("100,000 characters", Load::Dictionary, schemaWith(entity("e", std::string(100'000, 'x'))),
+  expectOutcome("100,000 characters", Load::Dictionary, schemaDeclaring(entity("e", std::string(100'000, 'x'))),
                 limitExceeded("1:100036", "4096 characters in an entity"));
-  expectOutcome("as often as allowed", Load::Dictionary, schemaWith(entity("e", "x"), times(10'000, "&e;")),
+  expectOutcome("as often as allowed", Load::Dictionary, schemaDeclaring(entity("e", "x"), times(10'000, "&e;")),
                 elementNamed("x{10000}"));
   expectOutcome("as long and as often as allowed", Load::Dictionary,
-                schemaWith(entity("e", longest), times(10'000, "&e;")), elementNamed("x{40960000}"));
-  expectOutcome("once more in a text", Load::Dictionary, schemaWith(entity("e", "x"), "A name", content),
+                schemaDeclaring(entity("e", longest), times(10'000, "&e;")), elementNamed("x{40960000}"));
+  expectOutcome("once more in a text", Load::Dictionary, schemaDeclaring(entity("e", "x"), "A name", content),
                 expanded("1:30437"));
-  expectOutcome("once more in an attribute", Load::Dictionary, schemaWith(entity("e", "x"), "A name", value),
+  expectOutcome("once more in an attribute", Load::Dictionary, schemaDeclaring(entity("e", "x"), "A name", value),
                 expanded("1:30440"));
-  expectOutcome("nested", Load::Scheme, schemaWith(nested, "&e11;"), expanded("1:1007"));
-  expectOutcome("nested in an attribute", Load::Multiplex, schemaWith(nested, "A name", "<a b='&e11;'/>"),
+  expectOutcome("nested", Load::Scheme, schemaDeclaring(nested, "&e11;"), expanded("1:1007"));
+  expectOutcome("nested in an attribute", Load::Multiplex, schemaDeclaring(nested, "A name", "<a b='&e11;'/>"),
                 expanded("1:1061"));
-  expectOutcome("recursive", Load::Dictionary, schemaWith(entity("a", "&b;") + entity("b", "&a;"), "&a;"),
+  expectOutcome("recursive", Load::Dictionary, schemaDeclaring(entity("a", "&b;") + entity("b", "&a;"), "&a;"),
                 "ParseError (33): F/hostile.xsd:1:405: recursive entity expansion 'a'");
 }
 
@@ -61,19 +61,19 @@ TEST(Entities, OfTheDocumentTypeDoNotNest) {
              return entity(numbered("% e", level + 1), times(10, reference + numbered("e", level) + ";"));
            });
   };
-  expectOutcome("nested", Load::Dictionary, schemaWith(entities("&#37;") + "%e8;"),
+  expectOutcome("nested", Load::Dictionary, schemaDeclaring(entities("&#37;") + "%e8;"),
                 limitExceeded("1:144", "0 references in a parameter entity"));
   // Not allowed within declarations of an internal subset at all.
   expectOutcome(
-      "expanded in a value", Load::Dictionary, schemaWith(entities("%")),
+      "expanded in a value", Load::Dictionary, schemaDeclaring(entities("%")),
       "ParseError (33): F/hostile.xsd:1:63: parameter entity references are not allowed inside markup in internal "
       "subset");
   // The parser puts a blank before and after each.
   const std::string blanks = entity("% e", std::string(3'998, ' '));
-  expectOutcome("often", Load::Dictionary, schemaWith(blanks + times(250, "%e;")), elementA);
-  expectOutcome("once more", Load::Dictionary, schemaWith(blanks + times(251, "%e;")),
+  expectOutcome("often", Load::Dictionary, schemaDeclaring(blanks + times(250, "%e;")), elementA);
+  expectOutcome("once more", Load::Dictionary, schemaDeclaring(blanks + times(251, "%e;")),
                 limitExceeded("1:4789", "1000000 characters between the declarations of a document type"));
-  expectOutcome("300,000 times", Load::Dictionary, schemaWith(blanks + times(300'000, "%e;")),
+  expectOutcome("300,000 times", Load::Dictionary, schemaDeclaring(blanks + times(300'000, "%e;")),
                 limitExceeded("1:4789", "1000000 characters between the declarations of a document type"));
 }
 
@@ -94,9 +94,10 @@ TEST(DocumentTypes, AreLimitedInSizeAndDeclarations) {
   };
   const std::string limit = "1000 declarations in a document type";
   for (const auto& [what, before, after, place] : kinds) {
-    expectOutcome(what, Load::Dictionary, schemaWith(declared(1'000, before, after)), elementA);
-    expectOutcome(what, Load::Dictionary, schemaWith(declared(1'001, before, after)), limitExceeded(place, limit));
-    expectOutcome(what, Load::Dictionary, schemaWith(declared(100'000, before, after)), limitExceeded(place, limit));
+    expectOutcome(what, Load::Dictionary, schemaDeclaring(declared(1'000, before, after)), elementA);
+    expectOutcome(what, Load::Dictionary, schemaDeclaring(declared(1'001, before, after)), limitExceeded(place, limit));
+    expectOutcome(what, Load::Dictionary, schemaDeclaring(declared(100'000, before, after)),
+                  limitExceeded(place, limit));
   }
   const std::string size = "1048576 bytes in a document type";
   constexpr std::size_t large = 2'000'000;
@@ -113,10 +114,10 @@ TEST(DocumentTypes, AreLimitedInSizeAndDeclarations) {
       {"attribute list", "<!ATTLIST b " + times(1'000, "c CDATA '" + std::string(large / 1'000, 'x') + "' ") + ">"},
   };
   for (const auto& [what, declaration] : shapes) {
-    expectOutcome(what, Load::Dictionary, schemaWith(declaration), limitExceeded("1:1064961", size));
+    expectOutcome(what, Load::Dictionary, schemaDeclaring(declaration), limitExceeded("1:1064961", size));
   }
   expectOutcome("deep content model", Load::Dictionary,
-                schemaWith("<!ELEMENT b " + std::string(100'000, '(') + "c" + std::string(100'000, ')') + ">"),
+                schemaDeclaring("<!ELEMENT b " + std::string(100'000, '(') + "c" + std::string(100'000, ')') + ">"),
                 elementA);
 }
 
@@ -125,27 +126,28 @@ TEST(DocumentTypes, AreLimitedInWhatTheirAttributesAdd) {
     return repeated(count, [&](std::size_t i) { return numbered("<!ATTLIST b a", i) + type; });
   };
   const std::string noDefaults = lists(1'000, " CDATA #IMPLIED>");
-  expectOutcome("compared at the limit", Load::Dictionary, schemaWith(noDefaults, "A name", times(100'000, "<b/>")),
-                elementA);
-  expectOutcome("one more", Load::Dictionary, schemaWith(noDefaults, "A name", times(100'001, "<b/>")),
+  expectOutcome("compared at the limit", Load::Dictionary,
+                schemaDeclaring(noDefaults, "A name", times(100'000, "<b/>")), elementA);
+  expectOutcome("one more", Load::Dictionary, schemaDeclaring(noDefaults, "A name", times(100'001, "<b/>")),
                 limitExceeded("1:432310", "100000000 comparisons with declared attributes"));
 
   // After each list the parser makes all so far: the sum of 1 to 446 is 99,681.
   const std::string limit = "100000 attributes with default values";
   const std::string empty = lists(446, " CDATA ''>");
-  expectOutcome("lists", Load::Dictionary, schemaWith(empty), elementA);
-  expectOutcome("one more list", Load::Dictionary, schemaWith(lists(447, " CDATA ''>")),
+  expectOutcome("lists", Load::Dictionary, schemaDeclaring(empty), elementA);
+  expectOutcome("one more list", Load::Dictionary, schemaDeclaring(lists(447, " CDATA ''>")),
                 limitExceeded("1:11534", limit));
   expectOutcome("elements that leave them out", Load::Dictionary,
-                schemaWith("<!ATTLIST b c CDATA ''>", "A name", times(99'999, "<b/>")), elementA);
+                schemaDeclaring("<!ATTLIST b c CDATA ''>", "A name", times(99'999, "<b/>")), elementA);
   expectOutcome("one more element", Load::Dictionary,
-                schemaWith("<!ATTLIST b c CDATA ''>", "A name", times(100'000, "<b/>")),
+                schemaDeclaring("<!ATTLIST b c CDATA ''>", "A name", times(100'000, "<b/>")),
                 limitExceeded("1:400439", limit));
 }
 
 TEST(DocumentTypes, AreLimitedInWhatTheirDefaultValuesAdd) {
   const auto defaults = [](std::size_t elements) {
-    return schemaWith("<!ATTLIST b c CDATA '" + std::string(10'000, 'x') + "'>", "A name", times(elements, "<b/>"));
+    return schemaDeclaring("<!ATTLIST b c CDATA '" + std::string(10'000, 'x') + "'>", "A name",
+                           times(elements, "<b/>"));
   };
   const std::string limit = "1000000 characters in default values of attributes";
   expectOutcome("at the limit", Load::Dictionary, defaults(100), elementA);

@@ -1,5 +1,6 @@
 // Imports: which files a location reaches, and very many of them.
 
+#include "loader/support/Loading.h"
 #include "support/HostileLoad.h"
 
 #include <gtest/gtest.h>
@@ -27,10 +28,7 @@ SchemaBuilder baseDocument(const std::string& name = "Base") {
 std::string fileNotFound(const std::string& path) {
   return "IOError (26): " + path + " file Not Found!";
 }
-std::string missing(const std::string& rest) {
-  return "SchemeDataMissingException (46): " + rest;
-}
-const std::string noBase = missing("Type b:Base, base type for t:GType, was not found");
+const std::string noBase = dataMissing("Type b:Base, base type for t:GType, was not found");
 const std::string oneAttribute = "K01\n  L01 Opt\n";
 
 TEST(Imports, ReachRegularFilesFromTheFolderOfTheSchemeOnly) {
@@ -136,7 +134,7 @@ TEST(Imports, InChainsAndCirclesOfTenThousandDocuments) {
     files.write(numbered("", i) + ".xsd", document.text());
   }
   // The last imports the first, which is the scheme: that is read again, as an import.
-  EXPECT_EQ(files.outcome(Load::Scheme, "0.xsd"), missing("Type n:T1 is its own base type"));
+  EXPECT_EQ(files.outcome(Load::Scheme, "0.xsd"), dataMissing("Type n:T1 is its own base type"));
   files.write(numbered("", count - 1) + ".xsd", linkOf(count - 1, 0, true).text());
   EXPECT_EQ(files.outcome(Load::Scheme, "0.xsd"), "5 elements, 1 sets, 10000 attributes");
   fs::remove(files.path("5000.xsd"));

@@ -10,9 +10,6 @@ namespace {
 
 const char* const isOwnBase = " is its own base type";
 
-std::string missing(const std::string& rest) {
-  return "SchemeDataMissingException (46): " + rest;
-}
 std::string type(const std::string& name, const std::string& base, const std::string& content = "") {
   return complexType(name, content, base);
 }
@@ -52,15 +49,15 @@ TEST(BaseTypes, GiveTheirAttributesFirst) {
 }
 
 TEST(BaseTypes, ThatAreMissingAreNamedAsTheyAreWritten) {
-  const std::string noGroupType = missing("The t:GType declaration was not found");
-  const std::string noBase = missing("Type x:Base, base type for t:GType, was not found");
+  const std::string noGroupType = dataMissing("The t:GType declaration was not found");
+  const std::string noBase = dataMissing("Type x:Base, base type for t:GType, was not found");
   expectResults({
       {"own type", schemaOf(group("G", 1)), noGroupType},
       {"own type in an inner place", schemaOf(group("G", 1), Declaration("xs:group").add(complexType("GType", ""))),
        noGroupType},
-      {"no type attribute", schemaOf(group("G", 1).drop("type")), missing("The  declaration was not found")},
+      {"no type attribute", schemaOf(group("G", 1).drop("type")), dataMissing("The  declaration was not found")},
       {"no such name with an apostrophe", schemaOf(group("G", 1).set("type", "t:a' or 'a'='a"), complexType("a", "")),
-       missing("The t:a' or 'a'='a declaration was not found")},
+       dataMissing("The t:a' or 'a'='a declaration was not found")},
       {"base", schemaOf(group("G", 1), type("GType", "x:Base")), noBase},
       {"the chain is followed before base groups are looked for",
        schemaOf(group("G", 1).set("type", "t:Top"), group("H", 2).drop("G:Key").set("type", "t:GType"),
@@ -71,17 +68,17 @@ TEST(BaseTypes, ThatAreMissingAreNamedAsTheyAreWritten) {
 
 TEST(BaseTypes, ThatRecurAreReportedWhereTheyDo) {
   expectResults({
-      {"own base", schemaOf(group("G", 1), type("GType", "t:GType")), missing("Type t:GType") + isOwnBase},
+      {"own base", schemaOf(group("G", 1), type("GType", "t:GType")), dataMissing("Type t:GType") + isOwnBase},
       {"two types", schemaOf(group("G", 1), type("GType", "x:B"), type("B", "y:GType")),
-       missing("Type y:GType") + isOwnBase},
+       dataMissing("Type y:GType") + isOwnBase},
       {"cycle above the group's type",
        schemaOf(group("G", 1), type("GType", "t:B"), type("B", "t:D"), type("D", "z:B")),
-       missing("Type z:B") + isOwnBase},
+       dataMissing("Type z:B") + isOwnBase},
   });
 }
 
 TEST(BaseGroups, AreThoseDeclaredWithTheBaseTypeAsItIsWritten) {
-  const std::string noDefinition = missing("Definition of type t:BaseType, base type for t:GType, was not found");
+  const std::string noDefinition = dataMissing("Definition of type t:BaseType, base type for t:GType, was not found");
   const std::string types = type("GType", "t:BaseType") + type("BaseType", "t:RootType") + complexType("RootType", "");
   const Declaration base = group("Base", 2);
   const Declaration root = group("Root", 3);
@@ -96,15 +93,17 @@ TEST(BaseGroups, AreThoseDeclaredWithTheBaseTypeAsItIsWritten) {
       {"abstract base group", all({abstract(base), root}), "", key(2)},
       {"no base group", root, "", noDefinition},
       {"no root group", base, key(2),
-       missing("Definition of type t:RootType, base type for t:BaseType, was not found")},
+       dataMissing("Definition of type t:RootType, base type for t:BaseType, was not found")},
       {"type spelled otherwise", all({Declaration(base).set("type", "BaseType"), root}), "", noDefinition},
       {"no base groups at all: the root's comes first", "", "",
-       missing("Definition of type t:RootType, base type for t:BaseType, was not found")},
+       dataMissing("Definition of type t:RootType, base type for t:BaseType, was not found")},
       {"first group of the type", all({group("First", 4).set("type", "t:BaseType"), base, root}), key(4), key(4)},
       {"base group without key annotation", all({Declaration(base).drop("G:Key"), root}),
-       missing("MetaMetadataSet without Key declaration."), missing("MetaMetadataSet without Key declaration.")},
+       dataMissing("MetaMetadataSet without Key declaration."),
+       dataMissing("MetaMetadataSet without Key declaration.")},
       {"root group without key annotation", all({base, Declaration(root).drop("G:Key")}),
-       missing("MetaMetadataSet without Key declaration."), missing("MetaMetadataSet without Key declaration.")},
+       dataMissing("MetaMetadataSet without Key declaration."),
+       dataMissing("MetaMetadataSet without Key declaration.")},
   };
   for (const auto& row : cases) {
     for (const bool withAbstractGroups : {false, true}) {

@@ -63,7 +63,7 @@ TEST(BracedGroups, AreSplitIntoOneFlatList) {
   for (const SplitCase& row : cases) EXPECT_EQ(joined(splitBracedGroups(row.text)), row.items) << narrow(row.text);
 }
 
-struct ValueCase {
+struct CompoundCase {
   Identifier type;
   Identifier subType;
   WideString text;
@@ -77,8 +77,8 @@ std::string layout(const std::vector<const char*>& components) {
   return text;
 }
 
-void expectResults(const std::vector<ValueCase>& cases) {
-  for (const ValueCase& row : cases) EXPECT_EQ(readValue(row.type, row.subType, row.text), row.result);
+void expectResults(const std::vector<CompoundCase>& cases) {
+  for (const CompoundCase& row : cases) EXPECT_EQ(readValue(row.type, row.subType, row.text), row.result);
 }
 
 TEST(Collections, HoldTheItemsAsTheSubTypeReadsThem) {

@@ -14,7 +14,6 @@ namespace {
 
 const std::string noLabel = "InvalidMetaElementDeclaration (20): MetaElement without UniversalLabel.";
 const std::string noName = "InvalidMetaElementDeclaration (20): The property 'name' is required.";
-const std::string noTarget = "SchemeDataMissingException (46): Scheme document without target namespace URI.";
 const std::string unknownType = "TypeNotSupportedException (47): MetaElement type not supported, unknown data type: ";
 
 /// What an element with nothing special about it is dumped as.

@@ -9,11 +9,7 @@
 namespace MXF::Tessel::Test {
 namespace {
 
-std::string missing(const std::string& rest) {
-  return "SchemeDataMissingException (46): " + rest;
-}
-const std::string noBase = missing("Type b:Base, base type for t:GType, was not found");
-const std::string noTarget = missing("Scheme document without target namespace URI.");
+const std::string noBase = dataMissing("Type b:Base, base type for t:GType, was not found");
 
 /// The scheme: a group G whose type has the base and no properties of its own, and what else is declared.
 SchemaBuilder scheme(const std::string& base, const std::string& rest, int number = 1) {
@@ -85,18 +81,18 @@ TEST(Imports, AreSearchedForTheBaseType) {
                {{"b.xsd", schemaOf(import("urn:c", "c.xsd"), complexType("Other", "")).target("urn:b")},
                 {"c.xsd", baseDocument("t:B", "Root").target("urn:c")}},
                scheme("c:Root", importsB).set("xmlns:c", "urn:c"),
-               missing("Type c:Root, base type for t:GType, was not found"));
+               dataMissing("Type c:Root, base type for t:GType, was not found"));
   expectResult("two documents that import each other: the scheme is read again",
                {{"b.xsd", schemaOf(import("urn:t", "scheme.xsd"), complexType("Base", property("t:A"), "t:Root"))
                               .set("targetNamespace", "urn:b")}},
                scheme("b:Base", importsB + complexType("Root", property("t:B"))), "K01\n  L02 Opt\n  L01 Opt\n");
   expectResult("a document that imports itself", {}, scheme("t:None", import("urn:t", "scheme.xsd")),
-               missing("Type t:None, base type for t:GType, was not found"));
+               dataMissing("Type t:None, base type for t:GType, was not found"));
   expectResult(
       "cycle across documents",
       {{"b.xsd",
         schemaOf(import("urn:t", "scheme.xsd"), complexType("Base", "", "t:GType")).set("targetNamespace", "urn:b")}},
-      scheme("b:Base", importsB), missing("Type b:Base is its own base type"));
+      scheme("b:Base", importsB), dataMissing("Type b:Base is its own base type"));
   expectResult("namespace with an apostrophe", {{"b.xsd", baseDocument().target("urn:o'b").set("xmlns:t", "urn:t")}},
                scheme("b:Base", import("urn:o'b", "b.xsd")).set("xmlns:b", "urn:o'b"), "K01\n  L01 Opt\n");
 }
@@ -113,7 +109,7 @@ TEST(Imports, GiveAttributesAndBaseGroupsAsTheyDeclareThem) {
       {schemaOf(base, baseGroup("b:Base").set("abstract", "true")), false, ""},
       {schemaOf(base, baseGroup("bt:Base")), false, ""},
       {schemaOf(base, baseGroup("bt:Base")), true,
-       missing("Definition of type b:Base, base type for t:GType, was not found")},
+       dataMissing("Definition of type b:Base, base type for t:GType, was not found")},
   };
   for (const auto& row : cases) {
     SchemeSession session;
@@ -185,10 +181,10 @@ TEST(Imports, StayLoadedForLaterLoads) {
   session.folder.write("b.xsd", baseDocument("t:B", "None").text());
   session.folder.write("z.xsd", baseDocument("t:C").text());
   // What the failed load had read counts, even where the file has changed since.
-  EXPECT_EQ(load("b:None", 1), missing("Type b:None, base type for t:GType, was not found"));
+  EXPECT_EQ(load("b:None", 1), dataMissing("Type b:None, base type for t:GType, was not found"));
   std::filesystem::remove(session.folder.path("b.xsd"));
   std::filesystem::remove(session.folder.path("z.xsd"));
-  EXPECT_EQ(load("b:None", 1), missing("Type b:None, base type for t:GType, was not found"));
+  EXPECT_EQ(load("b:None", 1), dataMissing("Type b:None, base type for t:GType, was not found"));
   EXPECT_EQ(load("b:Base", 1), "ok");
   EXPECT_EQ(session.sets(), "K01\n  L01 Opt\n");
 }
@@ -203,9 +199,10 @@ TEST(Imports, LoadedEarlierAreSearchedInTheOrderOfLoading) {
   EXPECT_EQ(session.sets(), "K01\nK02\nK03\n  L03 Opt\n");
   // A scheme document itself is no import.
   EXPECT_EQ(session.loadScheme(scheme("b:GType", "", 4).set("targetNamespace", "urn:x")),
-            missing("Type b:GType is its own base type"));
+            dataMissing("Type b:GType is its own base type"));
   EXPECT_EQ(session.loadScheme(scheme("t:Root", complexType("Root", ""), 5)), "ok");
-  EXPECT_EQ(session.loadScheme(scheme("t:Root", "", 6)), missing("Type t:Root, base type for t:GType, was not found"));
+  EXPECT_EQ(session.loadScheme(scheme("t:Root", "", 6)),
+            dataMissing("Type t:Root, base type for t:GType, was not found"));
 }
 
 TEST(Imports, AreReadFromTheDirectoryOfTheScheme) {

@@ -41,7 +41,7 @@ TEST(AttributeProperties, AreSixAndTheSameInBothFlavours) {
 }
 
 TEST(Attributes, AreReadFromTheirAnnotations) {
-  const std::string noStatus = "SchemeDataMissingException (46): MetaMetadataSet without RequiredStatus.";
+  const std::string noStatus = dataMissing("MetaMetadataSet without RequiredStatus.");
   expectResults({
       {"all status words",
        groupOf({property("t:A", "Req"), property("t:A", "Opt"), property("t:A", "D/req"), property("t:A", "E/req"),

@@ -6,7 +6,7 @@ namespace MXF::Tessel::Test {
 namespace {
 
 const std::string plainType = complexType("GType", "");
-const std::string noKey = "SchemeDataMissingException (46): MetaMetadataSet without Key declaration.";
+const std::string noKey = dataMissing("MetaMetadataSet without Key declaration.");
 
 TEST(GroupKeys, AreTakenAsTheyAreWritten) {
   const auto withKey = [](const std::string& text) { return schemaOf(group("G", 1).note("G:Key", text), plainType); };
@@ -37,7 +37,7 @@ TEST(Groups, AreSetsOnceEach) {
       {"one name, two keys", schemaOf(group("G", 2), group("G", 1), plainType), "K01\nK02\n"},
       {"the key is compared before the type is looked for", schemaOf(group("G", 1), group("H", 1), plainType), twice},
       {"groups are built in document order", schemaOf(group("H", 1), group("G", 1), plainType),
-       "SchemeDataMissingException (46): The t:HType declaration was not found"},
+       dataMissing("The t:HType declaration was not found")},
   });
 }
 

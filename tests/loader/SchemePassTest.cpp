@@ -9,9 +9,8 @@
 namespace MXF::Tessel::Test {
 namespace {
 
-const std::string noTarget = "SchemeDataMissingException (46): Scheme document without target namespace URI.";
 const std::string badKey = "InvalidULDesignator (25): x";
-const std::string noType = "SchemeDataMissingException (46): The t:GType declaration was not found";
+const std::string noType = dataMissing("The t:GType declaration was not found");
 
 const std::string goodType = complexType("GType", property("t:Int").note("G:LocalTag", "3C0A"));
 
@@ -70,7 +69,7 @@ TEST(SchemePass, FailingAtAStepLeavesWhatTheEarlierStepsDid) {
       {"reading the target namespace", text(schemaOf(group("G", 3), goodType).drop("targetNamespace")), noTarget,
        untouched},
       {"building the second set", text(schemaOf(group("G", 3), nextGroup, goodType)),
-       "SchemeDataMissingException (46): The t:Missing declaration was not found", resolved},
+       dataMissing("The t:Missing declaration was not found"), resolved},
       {"building an attribute", text(schemaOf(group("G", 3), complexType("GType", property("t:None")))),
        "NotFound (31): The t:None not MetaElement not found in Dictionary.", resolved},
       // Sets are registered in the order of their keys.

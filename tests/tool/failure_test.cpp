@@ -31,15 +31,16 @@ struct FailureCase {
   std::function<void()> action;
 };
 
-constexpr XMLCh text[] = {u'c', u'a', u'f', u'\u00e9', 0};
+constexpr XMLCh thrownText[] = {u'c', u'a', u'f', u'\u00e9', 0};
 
 const FailureCase cases[] = {
     {"InvalidValue", 16, [] { throw Exceptions::InvalidValue(L"caf\u00e9", "File", 1); }},
     {"TypeNotSupportedException", 47, [] { throw Exceptions::TypeNotSupportedException(L"caf\u00e9", "File", 1); }},
-    {"XQillaException", std::nullopt, [] { throw XQillaException(51, text); }},
-    {"XQException", std::nullopt, [] { throw XQException(text, text, 1U, 1U, __FILE__, __LINE__); }},
-    {"SAXParseException", std::nullopt, [] { throw xercesc::SAXParseException(text, text, text, 1, 2); }},
-    {"SAXException", std::nullopt, [] { throw xercesc::SAXException(text); }},
+    {"XQillaException", std::nullopt, [] { throw XQillaException(51, thrownText); }},
+    {"XQException", std::nullopt, [] { throw XQException(thrownText, thrownText, 1U, 1U, __FILE__, __LINE__); }},
+    {"SAXParseException", std::nullopt,
+     [] { throw xercesc::SAXParseException(thrownText, thrownText, thrownText, 1, 2); }},
+    {"SAXException", std::nullopt, [] { throw xercesc::SAXException(thrownText); }},
     {"bad_alloc", std::nullopt, [] { throw std::bad_alloc(); }},
     {"runtime_error", std::nullopt, [] { throw std::runtime_error("caf\u00e9"); }},
 };

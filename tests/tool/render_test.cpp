@@ -2,6 +2,7 @@
 
 #include "json/JsonText.h"
 #include "json/ValueJson.h"
+#include "text/IdentifierForm.h"
 #include "text/Unicode.h"
 #include "text/ValueText.h"
 
@@ -18,8 +19,6 @@ namespace MXF::Tessel::Tool {
 namespace {
 
 using Templates::WideString;
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 std::string hexText(std::size_t bytes, const std::string& separator = ".") {
   std::string text = "A0";

@@ -1,5 +1,6 @@
 // The inheritance tree of dictionaries that need not come from schemas: bases that are missing, or go in circles.
 
+#include "text/IdentifierForm.h"
 #include "text/SetText.h"
 #include "text/SetTree.h"
 #include "text/TextLayout.h"
@@ -17,8 +18,6 @@ namespace {
 
 using MetaMetadata::MetaAttribute;
 using MetaMetadata::MetaMetadataSet;
-
-constexpr auto textForm = Types::StringRepresentationEncodingType::DottedHex;
 
 KLV::Key keyOf(int number) {
   KLV::Key::Bytes bytes{};

@@ -1,4 +1,4 @@
-// Comparing attributes with string literals by text gives what comparing their typed values gives.
+// Comparing attributes with string literals by text gives what comparing their typed elementsWithValues gives.
 
 #include "support/Comparison.h"
 
@@ -10,18 +10,18 @@
 namespace MXF::Tessel::Test {
 namespace {
 
-const std::string values = R"(
+const std::string elementsWithValues = R"(
  <e a="v" b="w" x:a="n"/><e a="w" x:a="v"/><e x:a="v"/><e/><e a=""/><e a="it's" b='say "x"'/><e a="a&amp;b"/>
  <e a="a&lt;b" b="&amp;amp;"/><e a="&#x1F3AC;" b="&#xE9;"/><e a="e&#x301;"/><e a="a&#10;b" b="a
 b"/><e a="a&#13;&#10;b" b="a&#9;b"/><e a=" v" b="v "/><e a="a  b" b=" a b "/><e a="12" b="12.0"/><e a="true"/>
  <f a="v"><e a="w"/></f>)";
-const std::string untyped = "<r xmlns:x='urn:x'>" + values + "</r>";
+const std::string untyped = "<r xmlns:x='urn:x'>" + elementsWithValues + "</r>";
 const std::string typed = R"(<!DOCTYPE r [
  <!ENTITY v "v"><!ENTITY quoted "it's &#38;#38;"><!NOTATION n SYSTEM "n">
  <!ATTLIST e a NMTOKENS #IMPLIED b NMTOKEN "default">
  <!ATTLIST t id ID #IMPLIED ref IDREF #IMPLIED refs IDREFS #IMPLIED token NMTOKEN #IMPLIED tokens NMTOKENS #IMPLIED
              choice (v|w) "v" fixed CDATA #FIXED "v" x:a CDATA "v" entity ENTITY #IMPLIED notation NOTATION (n) "n">]>
-<r xmlns:x="urn:x">)" + values +
+<r xmlns:x="urn:x">)" + elementsWithValues +
                           R"(
  <t id="v"/><t id="w" ref="v" refs="v  w" token=" v " tokens=" v  w "/><t choice="w" a="&v;" b="&quoted;"/></r>)";
 

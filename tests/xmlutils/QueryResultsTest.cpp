@@ -17,8 +17,8 @@ using xercesc::DOMXPathResult;
 
 const std::string threeBranches = "<r><a><n v='1'/><n v='2'/></a><a><n v='x'/><n v='3'/></a><a/></r>";
 
-struct Reading {
-  explicit Reading(Engine::Kind kind = Engine::Kind::Own) : engine(kind), document(engine.read(threeBranches)) {}
+struct Branches {
+  explicit Branches(Engine::Kind kind = Engine::Kind::Own) : engine(kind), document(engine.read(threeBranches)) {}
 
   Expression expression(const std::string& query) { return expressionOf(document, query, nullptr); }
   DOMNode* branch(XMLSize_t index) { return document.getDocumentElement()->getChildNodes()->item(index); }
@@ -35,7 +35,7 @@ std::string nextOf(const QueryResult& result) {
 }
 
 TEST(QueryResults, OfOneExpressionIterateIndependently) {
-  Reading reading;
+  Branches reading;
   const Expression expression = reading.expression("n");
   const QueryResult one = evaluate(expression, reading.branch(0), iterator);
   const QueryResult two = evaluate(expression, reading.branch(1), iterator);
@@ -52,7 +52,7 @@ TEST(QueryResults, OfOneExpressionIterateIndependently) {
 }
 
 TEST(QueryResults, AreReleasedInAnyOrderAndAnyState) {
-  Reading reading;
+  Branches reading;
   std::vector<int> order = {0, 1, 2, 3};
   do {
     Expression expression = reading.expression("n");
@@ -79,7 +79,7 @@ TEST(QueryResults, AreReleasedInAnyOrderAndAnyState) {
 }
 
 TEST(QueryResults, OutliveTheirQuerysPlaceAmongTheKeptOnes) {
-  Reading reading;
+  Branches reading;
   Expression expression = reading.expression("//n");
   const QueryResult held = evaluate(expression, &reading.document, iterator);
   EXPECT_EQ(nextOf(held), "/0/0/0");
@@ -102,7 +102,7 @@ TEST(QueryResults, OutliveTheirQuerysPlaceAmongTheKeptOnes) {
 }
 
 TEST(QueryResults, AreTakenFromAnyDocumentOfTheParser) {
-  Reading reading;
+  Branches reading;
   const Expression expression = reading.expression("//n/@v");
   xercesc::DOMDocument& other = reading.engine.read("<r><n v='o'/></r>");
   const QueryResult ofOther = evaluate(expression, &other, first);
@@ -113,7 +113,7 @@ TEST(QueryResults, AreTakenFromAnyDocumentOfTheParser) {
 }
 
 TEST(QueryResults, FailuresLeaveTheExpressionUsable) {
-  Reading reading;
+  Branches reading;
   const Expression numbers = reading.expression("for $n in .//@v return 0 + $n");
   const std::string invalid = "XQillaException 51: Invalid lexical value [err:FORG0001] at :1:26";
   for (int round = 0; round < 3; ++round) {
@@ -127,11 +127,9 @@ TEST(QueryResults, FailuresLeaveTheExpressionUsable) {
   }
 }
 
-const Engine::Kind kinds[] = {Engine::Kind::Own, Engine::Kind::Stock};
-
 TEST(QueryResults, SayWhenTheDocumentWasChangedDuringAnIteration) {
-  for (const Engine::Kind kind : kinds) {
-    Reading reading(kind);
+  for (const Engine::Kind kind : Engine::kinds) {
+    Branches reading(kind);
     const Expression expression = reading.expression("n");
     const QueryResult result = evaluate(expression, reading.branch(0), iterator);
     EXPECT_FALSE(result->getInvalidIteratorState());
@@ -145,8 +143,8 @@ TEST(QueryResults, SayWhenTheDocumentWasChangedDuringAnIteration) {
 }
 
 TEST(QueryResults, RefuseWhatTheirTypeDoesNotGive) {
-  for (const Engine::Kind kind : kinds) {
-    Reading reading(kind);
+  for (const Engine::Kind kind : Engine::kinds) {
+    Branches reading(kind);
     const Expression expression = reading.expression("//n");
     const QueryResult one = evaluate(expression, &reading.document, first);
     const QueryResult all = evaluate(expression, &reading.document, iterator);
@@ -169,7 +167,7 @@ TEST(QueryResults, RefuseWhatTheirTypeDoesNotGive) {
 }
 
 TEST(QueryResults, OfOtherTypesAreNotSupported) {
-  Reading reading;
+  Branches reading;
   const Expression expression = reading.expression("//n");
   for (const auto type : {DOMXPathResult::NUMBER_TYPE, DOMXPathResult::SNAPSHOT_RESULT_TYPE}) {
     EXPECT_EQ(answerOf([&] { return itemOf(*evaluate(expression, &reading.document, type)); }),

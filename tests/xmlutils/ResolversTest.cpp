@@ -32,8 +32,8 @@ class OneBinding : public DOMXPathNSResolver {
   const XMLCh* uri_;
 };
 
-struct Reading {
-  explicit Reading(Engine::Kind kind) : engine(kind), read(engine.read(document)) {}
+struct ReadDocument {
+  explicit ReadDocument(Engine::Kind kind) : engine(kind), read(engine.read(document)) {}
 
   std::string places(const DOMXPathNSResolver* resolver, const std::string& query = "//p:a") {
     const LeaksOfXQilla guard;
@@ -50,12 +50,11 @@ struct Reading {
   xercesc::DOMDocument& read;
 };
 
-const Engine::Kind kinds[] = {Engine::Kind::Own, Engine::Kind::Stock};
 const std::string unbound = "XQillaException 51: No namespace for prefix 'p' [err:XPST0081] at :1:3";
 
 TEST(Resolvers, AreAskedAnewForEveryExpression) {
-  for (const Engine::Kind kind : kinds) {
-    Reading reading(kind);
+  for (const Engine::Kind kind : Engine::kinds) {
+    ReadDocument reading(kind);
     DOMXPathNSResolver* resolver = reading.read.createNSResolver(reading.read.getDocumentElement());
     EXPECT_EQ(reading.places(resolver), "/0/0 ");
     const Expression before = expressionOf(reading.read, "//p:a", resolver);
@@ -73,8 +72,8 @@ TEST(Resolvers, AreAskedAnewForEveryExpression) {
 }
 
 TEST(Resolvers, NeedNotComeFromADocument) {
-  for (const Engine::Kind kind : kinds) {
-    Reading reading(kind);
+  for (const Engine::Kind kind : Engine::kinds) {
+    ReadDocument reading(kind);
     OneBinding resolver(u"urn:p");
     EXPECT_EQ(reading.places(&resolver), "/0/0 ");
     resolver.addNamespaceBinding(nullptr, u"urn:q");  // changes, and nothing tells
@@ -85,8 +84,8 @@ TEST(Resolvers, NeedNotComeFromADocument) {
 }
 
 TEST(Resolvers, OfOtherDocumentsAndInnerNodesServe) {
-  for (const Engine::Kind kind : kinds) {
-    Reading reading(kind);
+  for (const Engine::Kind kind : Engine::kinds) {
+    ReadDocument reading(kind);
     Engine other(kind);
     xercesc::DOMDocument& elsewhere = other.read("<r xmlns:p='urn:q'/>");
     EXPECT_EQ(reading.places(elsewhere.createNSResolver(elsewhere.getDocumentElement())), "/0/1 /0/3/0 ");
@@ -96,8 +95,8 @@ TEST(Resolvers, OfOtherDocumentsAndInnerNodesServe) {
 }
 
 TEST(Resolvers, LeaveNamesWithoutPrefixInNoNamespaceUnlessOneIsGivenThem) {
-  for (const Engine::Kind kind : kinds) {
-    Reading reading(kind);
+  for (const Engine::Kind kind : Engine::kinds) {
+    ReadDocument reading(kind);
     const Bindings given{Bindings::From::Root, {{"", "urn:q"}}};
     for (const DOMXPathNSResolver* plain :
          {Bindings{Bindings::From::Nothing, {}}.on(reading.read),
@@ -109,8 +108,8 @@ TEST(Resolvers, LeaveNamesWithoutPrefixInNoNamespaceUnlessOneIsGivenThem) {
 }
 
 TEST(Resolvers, AnswerLookUpsAlike) {
-  Reading own(Engine::Kind::Own);
-  Reading stock(Engine::Kind::Stock);
+  ReadDocument own(Engine::Kind::Own);
+  ReadDocument stock(Engine::Kind::Stock);
   for (const Bindings& bindings : {Bindings(), Bindings{Bindings::From::NullNode, {{"p", "urn:z"}, {"n", "urn:p"}}},
                                    Bindings{Bindings::From::Root, {{"p", ""}, {"", "urn:z"}, {"xml", "urn:z"}}}}) {
     const DOMXPathNSResolver& ours = *bindings.on(own.read);

@@ -27,7 +27,6 @@ namespace {
 using Bytes = std::vector<unsigned char>;
 
 constexpr std::size_t labelSize = 16;
-constexpr std::size_t versionByte = 7;    // SMPTE ST 336: version of the registry that defines the label
 constexpr unsigned char wildcard = 0x7F;  // what group keys of schemas have where those of files differ
 constexpr std::size_t tagSize = 2;
 constexpr std::size_t fewestBytes = 4;     // fewer are a part of too many labels

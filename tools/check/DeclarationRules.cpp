@@ -17,7 +17,7 @@ namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
 
-Place placeAt(const Templates::WideString& path, const DeclarationPosition& position) {
+Place placeIn(const Templates::WideString& path, const DeclarationPosition& position) {
   return {path, position.first, position.second};
 }
 
@@ -37,7 +37,7 @@ Findings findUntargetedReferences(const Subject& subject) {
                            isWithoutSets<MetaMetadata::MetaReferenceCollection>(*element);
     if (!isWithout || !pendingReferences(*element).empty()) continue;
     // A choice may name sets by their identifiers only, which is no fault.
-    const Place place = Tool::placeAt(element->origin());
+    const Place place = placeAt(element->origin());
     const auto scan = subject.scans().find(place.path);
     if (scan != subject.scans().end() && scan->second.withChoices.count({place.line, place.column}) > 0) continue;
     findings.push_back({place, "Element " + quotedName(*element) + " is a reference and names no set in a choice."});
@@ -50,7 +50,7 @@ Findings findUnknownAnnotations(const Subject& subject) {
   for (const auto& [path, scan] : subject.scans()) {
     for (const DeclarationScan::UnknownAnnotation& unknown : scan.unknownAnnotations) {
       findings.push_back(
-          {placeAt(path, unknown.position), "The annotation \"" + unknown.source + "\" is none that is read."});
+          {placeIn(path, unknown.position), "The annotation \"" + unknown.source + "\" is none that is read."});
       if (!unknown.nearest.empty()) findings.back().remedy = "Did you mean \"" + unknown.nearest + "\"?";
     }
   }
@@ -69,7 +69,7 @@ Findings findReferencesWithoutStatus(const Subject& subject) {
     for (const DeclarationScan::PlainReference& reference : scan.plainReferences) {
       const auto element = elements.find({printable(reference.namespaceUri), printable(reference.elementName)});
       if (element == elements.end()) continue;
-      findings.push_back({placeAt(path, reference.position),
+      findings.push_back({placeIn(path, reference.position),
                           "Element " + quotedName(*element->second) + " has no required status in type \"" +
                               encode(printable(reference.typeName)) + "\", and is left out of its sets."});
     }

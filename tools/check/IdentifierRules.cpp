@@ -1,6 +1,7 @@
 // Local tags, labels and keys that readers cannot tell apart, or that tell one thing apart from itself.
 
 #include "check/RuleFamilies.h"
+#include "text/IdentifierForm.h"
 
 #include <set>
 #include <utility>
@@ -9,8 +10,6 @@
 namespace MXF::Tessel::Tool {
 
 namespace {
-
-constexpr std::size_t versionByte = 7;  // SMPTE ST 336: version of the registry that defines the label
 
 /// A local tag given to an element.
 struct TagAssignment {

@@ -25,7 +25,7 @@ struct CheckRequest {
   bool isStrict = false;
 };
 
-constexpr const char* details =
+constexpr const char* checkDetails =
     "All files are loaded, those after one that fails included, and what was loaded is examined for\n"
     "what is missing, clashes or was lost. Each finding has its place, what it clashes with, and what to\n"
     "do. The exit status is 1 when there are errors. SARIF is what editors and code hosts read.\n"
@@ -35,7 +35,7 @@ constexpr const char* details =
     "\n"
     "Rules:\n";
 
-constexpr const char* examples =
+constexpr const char* checkExamples =
     "  mxf-metadict check --multiplex multiplex.xsd --dictionary dictionary.xsd --scheme groups.xsd\n"
     "      lists what is wrong or doubtful\n"
     "  mxf-metadict check --strict --disable unused-element --format sarif --output check.sarif \\\n"
@@ -103,9 +103,9 @@ void declareCheck(CLI::App& tool, Action& action) {
   const auto request = std::make_shared<CheckRequest>();
   request->load.keepGoing = true;
   request->load.abstractGroupsIfPossible = true;
-  const std::string text = details + ruleLines();
+  const std::string text = checkDetails + ruleLines();
   const SubcommandHelp help = {"check", "Examines schemas for what is missing, clashes or was lost.", text.c_str(),
-                               examples};
+                               checkExamples};
   CLI::App& subcommand = declareSubcommand(tool, help, {Formats::text, Formats::json, sarifFormat}, request->output);
   subcommand.get_option("--quiet")->description(
       "Only errors, with --strict also warnings, in text: no notes,\nno summary");

@@ -20,7 +20,7 @@ struct DiffRequest {
   OutputOptions output;
 };
 
-constexpr const char* details =
+constexpr const char* diffDetails =
     "OLD and NEW are files that 'mxf-metadict dump --format json' wrote, both with the same options.\n"
     "Elements are matched by label, sets by key, attributes by set and element.\n"
     "\n"
@@ -30,7 +30,7 @@ constexpr const char* details =
     "\n"
     "Kinds of changes:\n\n";
 
-constexpr const char* examples =
+constexpr const char* diffExamples =
     "  mxf-metadict diff old.json new.json\n"
     "      tells what changed between two dumps\n"
     "  mxf-metadict diff --quiet --format json --output changes.json old.json new.json\n"
@@ -75,9 +75,9 @@ ExitStatus runDiff(const DiffRequest& request) {
 
 void declareDiff(CLI::App& tool, Action& action) {
   const auto request = std::make_shared<DiffRequest>();
-  const std::string text = details + changeRuleLines();
+  const std::string text = diffDetails + changeRuleLines();
   const SubcommandHelp help = {"diff", "Compares two dumps of dictionaries, and tells which changes break.",
-                               text.c_str(), examples};
+                               text.c_str(), diffExamples};
   CLI::App& diff = declareSubcommand(tool, help, {Formats::text, Formats::json}, request->output);
   diff.add_option("OLD", request->before, "JSON dump of the dictionary as it was")->required()->type_name("");
   diff.add_option("NEW", request->after, "JSON dump of the dictionary as it is")->required()->type_name("");

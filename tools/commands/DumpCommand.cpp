@@ -17,7 +17,7 @@ struct DumpRequest {
   OutputOptions output;
 };
 
-constexpr SubcommandHelp help = {
+constexpr SubcommandHelp dumpHelp = {
     "dump", "Loads schemas into a dictionary and prints all of it.",
     "The files are loaded into one dictionary, in the order given, the multiplex first. A failure ends\n"
     "the run and nothing is printed, unless --keep-going is given.",
@@ -41,7 +41,7 @@ ExitStatus runDump(const DumpRequest& request) {
 
 void declareDump(CLI::App& tool, Action& action) {
   const auto request = std::make_shared<DumpRequest>();
-  CLI::App& dump = declareSubcommand(tool, help, {Formats::text, Formats::json}, request->output);
+  CLI::App& dump = declareSubcommand(tool, dumpHelp, {Formats::text, Formats::json}, request->output);
   declareFileOptions(dump, request->load);
   declareKeepGoing(dump, request->load);
   declareContentOptions(dump, request->load);

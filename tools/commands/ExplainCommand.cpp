@@ -21,7 +21,7 @@ struct ExplainRequest {
   OutputOptions output;
 };
 
-constexpr SubcommandHelp help = {
+constexpr SubcommandHelp explainHelp = {
     "explain", "Tells all that the schemas say of one element or set.",
     "What to explain is given as a label or key, a local tag, a name, or an XML name. When nothing is\n"
     "called that, the exit status is 1 and what comes near it is listed: other version bytes, 7F as any\n"
@@ -52,7 +52,7 @@ void declareExplain(CLI::App& tool, Action& action) {
   request->load.abstractGroupsIfPossible = true;
   request->load.documentation = true;
   request->load.lengthDescription = true;
-  CLI::App& explain = declareSubcommand(tool, help, {Formats::text, Formats::json}, request->output);
+  CLI::App& explain = declareSubcommand(tool, explainHelp, {Formats::text, Formats::json}, request->output);
   explain.add_option("WHAT", request->question, "Label, key, local tag or name to explain")->required()->type_name("");
   declareFileOptions(explain, request->load);
   declareKeepGoing(explain, request->load);

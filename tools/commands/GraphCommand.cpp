@@ -33,7 +33,7 @@ struct GraphOptions {
   OutputOptions output;
 };
 
-constexpr SubcommandHelp help = {
+constexpr SubcommandHelp graphHelp = {
     "graph", "Draws how sets derive from and refer to each other.",
     "The graph is written for Graphviz, for Mermaid, or as JSON. A hollow arrow (dot) or a thick one\n"
     "(mermaid) points from a set to its base; the other arrows are references, named by their elements,\n"
@@ -110,7 +110,7 @@ ExitStatus runGraph(const GraphOptions& options) {
 void declareGraph(CLI::App& tool, Action& action) {
   const auto options = std::make_shared<GraphOptions>();
   options->load.abstractGroupsIfPossible = true;
-  CLI::App& graph = declareSubcommand(tool, help, {dotFormat, mermaidFormat, Formats::json}, options->output);
+  CLI::App& graph = declareSubcommand(tool, graphHelp, {dotFormat, mermaidFormat, Formats::json}, options->output);
   graph.add_option("--set", options->set, "Draw what is around this set: a name or key, as for explain")
       ->type_name("NAME");
   const CLI::Option* depth = graph.add_option("--depth", options->depth, "How many steps around it; 1 if not given")

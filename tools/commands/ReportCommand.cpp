@@ -21,7 +21,7 @@ struct ReportRequest {
   OutputOptions output;
 };
 
-constexpr SubcommandHelp help = {
+constexpr SubcommandHelp reportHelp = {
     "report", "Writes a web page of all sets and elements, linked and searchable.",
     "The page is one HTML file that needs nothing else and no network. It has the tree of sets, each set\n"
     "with its own and inherited attributes and where it is referred to, and each element with the sets\n"
@@ -47,7 +47,7 @@ void declareReport(CLI::App& tool, Action& action) {
   request->load.abstractGroupsIfPossible = true;
   request->load.documentation = true;
   request->load.lengthDescription = true;
-  CLI::App& report = declareSubcommand(tool, help, {htmlFormat}, request->output);
+  CLI::App& report = declareSubcommand(tool, reportHelp, {htmlFormat}, request->output);
   report.add_option("--title", request->title, "Title of the page")->type_name("TEXT");
   declareFileOptions(report, request->load);
   declareKeepGoing(report, request->load);

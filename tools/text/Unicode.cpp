@@ -28,7 +28,7 @@ constexpr Range invisible[] = {
     {0xFE20, 0xFE2F}, {0xFEFF, 0xFEFF}, {0xE0100, 0xE01EF}};
 
 // East Asian wide and fullwidth characters, and emoji that are shown in colour.
-constexpr Range wide[] = {
+constexpr Range doubleWidth[] = {
     {0x1100, 0x115F}, {0x231A, 0x231B},   {0x23E9, 0x23EC},   {0x2E80, 0x303E},   {0x3041, 0x33FF},  {0x3400, 0x4DBF},
     {0x4E00, 0xA4CF}, {0xA960, 0xA97F},   {0xAC00, 0xD7A3},   {0xF900, 0xFAFF},   {0xFE30, 0xFE6F},  {0xFF00, 0xFF60},
     {0xFFE0, 0xFFE6}, {0x1F300, 0x1F64F}, {0x1F680, 0x1F6FF}, {0x1F900, 0x1F9FF}, {0x20000, 0x3FFFD}};
@@ -134,7 +134,7 @@ std::string printableBytes(std::string_view text) {
 
 std::size_t columnsOf(char32_t codePoint) {
   if (inRanges(std::begin(invisible), std::end(invisible), codePoint)) return 0;
-  return inRanges(std::begin(wide), std::end(wide), codePoint) ? 2 : 1;
+  return inRanges(std::begin(doubleWidth), std::end(doubleWidth), codePoint) ? 2 : 1;
 }
 
 std::size_t columnsOf(std::u32string_view text) {

@@ -16,6 +16,12 @@ namespace MXF::Tessel::Test {
 /// The class is the most derived one that is known, unqualified.
 std::string outcomeOf(const std::function<void()>& action);
 
+/// The outcome of a schema that lacks something.
+inline std::string dataMissing(const std::string& message) {
+  return "SchemeDataMissingException (46): " + message;
+}
+inline const std::string noTarget = dataMissing("Scheme document without target namespace URI.");
+
 /// A loader, the dictionary it fills, and a folder for its schemas. The loader is fresh, or has read a multiplex schema
 /// of the registry flavour.
 class LoadSession {

@@ -31,6 +31,7 @@ class Engine {
  public:
   /// That of the library, or the one that comes with XQilla.
   enum class Kind { Own, Stock };
+  static constexpr Kind kinds[] = {Kind::Own, Kind::Stock};
   explicit Engine(Kind kind = Kind::Own);
 
   /// Every engine reads the same text from the same file.
