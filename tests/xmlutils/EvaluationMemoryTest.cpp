@@ -51,10 +51,10 @@ TEST(EvaluationMemory, StaysTheSameHoweverManyThereAre) {
          run("//p:n", first);
        }},
   };
-  constexpr long slack = 128 * 1024;
+  constexpr long slack = 128L * 1024;
   for (const auto& [what, evaluation] : cases) EXPECT_LT(growth(evaluation), slack) << what;
   // Compiling takes longer, and what is kept of the last texts is more.
-  constexpr long keptTexts = 8 * 1024 * 1024;
+  constexpr long keptTexts = 8L * 1024 * 1024;
   EXPECT_LT(growth([&](int i) { run(text("//n[@v='", i, "']"), first); }), keptTexts) << "different texts";
   EXPECT_LT(growth([&](int i) { run(text("//n[", i % 3000, ""), first); }, 300, 3000), keptTexts) << "syntax errors";
 }

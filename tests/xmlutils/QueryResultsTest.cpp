@@ -21,7 +21,9 @@ struct Branches {
   explicit Branches(Engine::Kind kind = Engine::Kind::Own) : engine(kind), document(engine.read(threeBranches)) {}
 
   Expression expression(const std::string& query) { return expressionOf(document, query, nullptr); }
-  DOMNode* branch(XMLSize_t index) { return document.getDocumentElement()->getChildNodes()->item(index); }
+  [[nodiscard]] DOMNode* branch(XMLSize_t index) const {
+    return document.getDocumentElement()->getChildNodes()->item(index);
+  }
 
   Engine engine;
   xercesc::DOMDocument& document;
@@ -150,7 +152,7 @@ TEST(QueryResults, RefuseWhatTheirTypeDoesNotGive) {
     const QueryResult all = evaluate(expression, &reading.document, iterator);
     const std::string requested = " was requested from a XPath2Result of type ";
     const auto refused = [&](const std::string& what, const std::string& from) {
-      return "XQillaException 52: " + (what + requested) + from;
+      return std::string("XQillaException 52: ").append(what).append(requested).append(from);
     };
     EXPECT_EQ(nextOf(one), refused("ITERATOR_RESULT", "FIRST_RESULT"));
     for (const auto& [result, type] : {std::pair(&one, "FIRST_RESULT"), std::pair(&all, "ITERATOR_RESULT")}) {

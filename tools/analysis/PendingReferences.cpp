@@ -12,7 +12,8 @@ std::vector<PendingReference> pendingReferences(const MetaMetadata::MetaElement&
   // The property's items are "[name,namespace URI];". What is not of that form is passed over.
   std::vector<PendingReference> references;
   const Templates::WideString* text = findProperty(element, MetaMetadata::PropertyKeys::unresolvedSetReferences);
-  std::wstring_view rest = text == nullptr ? std::wstring_view() : std::wstring_view(*text);
+  std::wstring_view rest;
+  if (text != nullptr) rest = *text;
   for (std::size_t end = rest.find(L';'); end != std::wstring_view::npos; end = rest.find(L';')) {
     const std::wstring_view item = rest.substr(0, end);
     rest.remove_prefix(end + 1);

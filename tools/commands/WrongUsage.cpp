@@ -54,7 +54,12 @@ std::string didYouMean(const std::string& given, const std::vector<std::string>&
 std::string misplacedOption(const CLI::App& tool, const std::string& option) {
   for (const CLI::App* subcommand : tool.get_subcommands([](const CLI::App*) { return true; })) {
     if (!isOptionOf(*subcommand, option)) continue;
-    return option + " comes after the command, as in 'mxf-metadict " + subcommand->get_name() + " " + option + "'";
+    std::string advice = option;
+    return advice.append(" comes after the command, as in 'mxf-metadict ")
+        .append(subcommand->get_name())
+        .append(" ")
+        .append(option)
+        .append("'");
   }
   return "";
 }

@@ -92,7 +92,7 @@ std::string changeRuleLines() {
     std::string name = className(rule);
     id.resize(width + 2, ' ');
     name.resize(12, ' ');
-    lines += (lines.empty() ? "  " : "\n  ") + id + name + rule.sentence;
+    lines.append(lines.empty() ? "  " : "\n  ").append(id).append(name).append(rule.sentence);
   }
   return lines;
 }

@@ -29,6 +29,7 @@ struct DumpedElement {
   DumpedProperties properties;
 };
 
+// NOLINTNEXTLINE(bugprone-exception-escape): what moving JSON asserts holds for all values that it can have.
 struct DumpedAttribute {
   std::string element;  ///< Its label.
   std::string requiredStatus;

@@ -43,12 +43,12 @@ void compareTagsOf(Comparison& comparison, const Change& about, const DumpedAttr
 bool isSameValue(const Json& before, const Json& after) {
   if (before.type() != after.type() || before.size() != after.size() || !before.is_structured()) return before == after;
   if (before.is_array()) return std::equal(before.begin(), before.end(), after.begin(), isSameValue);
-  for (const auto& member : before.items()) {
-    const bool tellsType = member.key() == "dataType" || member.key() == "elementSize";
-    if (!after.contains(member.key())) return false;
-    if (!tellsType && !isSameValue(member.value(), after.at(member.key()))) return false;
-  }
-  return true;
+  const auto& members = before.get_ref<const Json::object_t&>();
+  return std::all_of(members.begin(), members.end(), [&](const auto& member) {
+    const auto& [name, value] = member;
+    const bool tellsType = name == "dataType" || name == "elementSize";
+    return after.contains(name) && (tellsType || isSameValue(value, after.at(name)));
+  });
 }
 
 void compareAttribute(Comparison& comparison, const Change& about, const DumpedAttribute& before,

@@ -61,7 +61,8 @@ Footer footerOf(const CLI::App& app) {
   const std::size_t heading = std::min(text.find(examplesHeading), text.size());
   Footer footer;
   footer.examples = text.substr(std::min(heading + std::string_view(examplesHeading).size(), text.size()));
-  std::string_view rest = std::string_view(text).substr(0, heading);
+  std::string_view rest = text;
+  rest = rest.substr(0, heading);
   while (!rest.empty()) {
     const std::size_t end = std::min(rest.find("\n\n"), rest.size());
     if (end > 0) footer.paragraphs.emplace_back(rest.substr(0, end));
@@ -148,7 +149,7 @@ std::string manualPage(const CLI::App& tool, const std::string& version) {
   std::ostringstream page;
   std::string title = tool.get_name();
   std::transform(title.begin(), title.end(), title.begin(), [](unsigned char c) { return std::toupper(c); });
-  page << ".TH " << escaped(title) << " 1 \"\" \"" << escaped(tool.get_name() + " " + version)
+  page << ".TH " << escaped(title) << R"( 1 "" ")" << escaped(tool.get_name() + " " + version)
        << "\" \"User Commands\"\n";
   writeTool(page, tool);
   page << ".SH OPTIONS\n";

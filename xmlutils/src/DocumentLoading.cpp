@@ -133,7 +133,7 @@ xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSPa
   if (!content) return nullptr;
 
   FirstError errors;
-  Parser* own = dynamic_cast<Parser*>(&parser);
+  auto* own = dynamic_cast<Parser*>(&parser);
   const ParserSettings settings(parser, own == nullptr ? *xercesc::XMLPlatformUtils::fgMemoryManager : own->memory,
                                 errors);
   const UnicodeString systemId(path);

@@ -40,7 +40,8 @@ void handOver(PendingElements& pending, Dictionary& dictionary) {
     const auto first = pending.begin();
     const UniversalLabel label = first->second->universalLabel();
     const Utils::SourceLocation origin = first->second->origin();
-    workingAt([&] { return origin; }, [&] { dictionary.addMetaElement(label, std::move(first->second)); });
+    workingAt([&]() -> const Utils::SourceLocation& { return origin; },
+              [&] { dictionary.addMetaElement(label, std::move(first->second)); });
     pending.erase(first);
   }
 }

@@ -14,6 +14,14 @@
 /// The boundaries at which exceptions of Xerces-C and XQilla become the library's own.
 namespace MXF::Tessel::MetaMetadata::Loading {
 
+/// The ParseError with the text and place of a SAX exception.
+inline Exceptions::ParseError parseErrorOf(const xercesc::SAXParseException& e, const char* sourceFile, int line) {
+  Exceptions::ParseError error(XMLUtils::toWstring(e.getMessage()).c_str(), sourceFile, line);
+  error.setLocation({std::make_shared<const Templates::WideString>(XMLUtils::toWstring(e.getSystemId())),
+                     static_cast<std::uint32_t>(e.getLineNumber()), static_cast<std::uint32_t>(e.getColumnNumber())});
+  return error;
+}
+
 /// Runs what reads a document. A SAX exception becomes a ParseError with the same text and place; all else passes.
 /// @param line  of the caller, which the exception reports together with sourceFile.
 template <class Operation>
@@ -21,10 +29,7 @@ auto translatingSaxErrors(const char* sourceFile, int line, Operation operation)
   try {
     return operation();
   } catch (const xercesc::SAXParseException& e) {
-    Exceptions::ParseError error(XMLUtils::toWstring(e.getMessage()).c_str(), sourceFile, line);
-    error.setLocation({std::make_shared<const Templates::WideString>(XMLUtils::toWstring(e.getSystemId())),
-                       static_cast<std::uint32_t>(e.getLineNumber()), static_cast<std::uint32_t>(e.getColumnNumber())});
-    throw error;
+    throw parseErrorOf(e, sourceFile, line);
   } catch (const xercesc::SAXException& e) {
     throw Exceptions::ParseError(XMLUtils::toWstring(e.getMessage()).c_str(), sourceFile, line);
   }

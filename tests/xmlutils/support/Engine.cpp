@@ -51,6 +51,12 @@ void appendNodes(DOMNode& node, std::vector<DOMNode*>& nodes) {
   }
 }
 
+void reportLeaks([[maybe_unused]] bool reported) {
+#ifdef TESSELMXF_LEAKS_REPORTED
+  reported ? __lsan_enable() : __lsan_disable();
+#endif
+}
+
 }  // namespace
 
 std::u16string utf16(const std::string& utf8) {
@@ -71,17 +77,12 @@ DOMDocument& Engine::read(const std::string& xml) {
   return *XMLUtils::loadDocumentFromFile(wide(path).c_str(), *parser_);
 }
 
-#ifdef TESSELMXF_LEAKS_REPORTED
 LeaksOfXQilla::LeaksOfXQilla() {
-  __lsan_disable();
+  reportLeaks(false);
 }
 LeaksOfXQilla::~LeaksOfXQilla() {
-  __lsan_enable();
+  reportLeaks(true);
 }
-#else
-LeaksOfXQilla::LeaksOfXQilla() = default;
-LeaksOfXQilla::~LeaksOfXQilla() = default;
-#endif
 
 DOMXPathNSResolver* Bindings::on(DOMDocument& document) const {
   if (from == From::Nothing) return nullptr;

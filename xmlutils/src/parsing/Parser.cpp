@@ -252,10 +252,10 @@ void Parser::check(const Limit* exceeded) {
 
 void Parser::stop(const XMLCh* message) {
   const xercesc::Locator& where = *fScanner->getLocator();
-  constexpr auto code = xercesc::XMLErrs::XMLException_Fatal;
-  error(code, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal, message, where.getSystemId(),
-        where.getPublicId(), where.getLineNumber(), where.getColumnNumber());
-  throw code;  // also where a handler wants to go on
+  using xercesc::XMLErrs;
+  error(XMLErrs::XMLException_Fatal, xercesc::XMLUni::fgXMLErrDomain, xercesc::XMLErrorReporter::ErrType_Fatal, message,
+        where.getSystemId(), where.getPublicId(), where.getLineNumber(), where.getColumnNumber());
+  throw XMLErrs::Codes{XMLErrs::XMLException_Fatal};  // also where a handler wants to go on
 }
 
 }  // namespace MXF::Tessel::XMLUtils
