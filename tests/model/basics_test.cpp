@@ -21,16 +21,17 @@ namespace {
 int globalAllocations = 0;
 }  // namespace
 
-// The program's global heap operators count, so that a test sees memory that does not come from malloc_alloc.
-void* operator new(std::size_t size) {
+// The program's global heap operators count, so that a test sees memory that does not come from malloc_alloc. They stay
+// functions: where a compiler inlines one of a pair it takes their blocks for mismatched.
+[[gnu::noinline]] void* operator new(std::size_t size) {
   ++globalAllocations;
   if (void* block = std::malloc(size == 0 ? 1 : size)) return block;
   throw std::bad_alloc();
 }
-void operator delete(void* block) noexcept {
+[[gnu::noinline]] void operator delete(void* block) noexcept {
   std::free(block);
 }
-void operator delete(void* block, std::size_t /*size*/) noexcept {
+[[gnu::noinline]] void operator delete(void* block, std::size_t /*size*/) noexcept {
   std::free(block);
 }
 
