@@ -1,6 +1,6 @@
 # Installation: libraries, headers, the tool, the schemas, the CMake package and the pkg-config files, in the components
 # runtime, development, tools, schemas and licence. What is installed may be moved as a whole: everything finds the rest
-# from its own place.
+# from its own place. Documents stand to each other as in the source tree, so that links between them hold.
 
 include(CMakePackageConfigHelpers)
 
@@ -17,6 +17,15 @@ endif()
 install(DIRECTORY "${PROJECT_SOURCE_DIR}/schemas/registry" "${PROJECT_SOURCE_DIR}/schemas/urn"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/tesselmxf/schemas" COMPONENT schemas)
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT licence)
+install(FILES "${PROJECT_SOURCE_DIR}/SECURITY.md" "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
+  DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/guide" DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs" COMPONENT development)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples" DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT development
+  PATTERN CMakeLists.txt EXCLUDE)
+if(TESSELMXF_BUILD_TOOLS)
+  install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs/" DESTINATION "${CMAKE_INSTALL_DOCDIR}/docs" COMPONENT tools
+    FILES_MATCHING PATTERN "*.schema.json" PATTERN dump-format.md PATTERN rules.md PATTERN guide EXCLUDE)
+endif()
 
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/TesselMXF")
 install(EXPORT TesselMXFTargets NAMESPACE TesselMXF:: DESTINATION "${package_dir}" COMPONENT development)

@@ -22,6 +22,7 @@ set(CPACK_DEBIAN_PACKAGE_SOURCE tesselmxf)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/cmake/debian/triggers")
 
 find_program(TESSELMXF_SHLIBDEPS dpkg-shlibdeps)
 mark_as_advanced(TESSELMXF_SHLIBDEPS)
@@ -63,8 +64,9 @@ set(soversion "${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
 set(CPACK_COMPONENTS_ALL)
 tesselmxf_package(runtime NAME libtesselmxf${soversion} SECTION libs
   DESCRIPTION "MXF meta-dictionary from annotated XML Schemas - libraries
-Loads XML Schema documents that are annotated after SMPTE ST 434 into a dictionary of MXF metadata: its elements, sets,
-attributes, local tags and typed values.
+Loads XML Schema documents that are annotated after SMPTE ST 434 into a
+dictionary of MXF metadata: its elements, sets, attributes, local tags and
+typed values.
 .
 This package has the shared libraries.")
 
@@ -72,22 +74,26 @@ This package has the shared libraries.")
 tesselmxf_package(development NAME libtesselmxf-dev SECTION libdevel DEPENDS runtime
   RECOMMENDS libxerces-c-dev libxqilla-dev
   DESCRIPTION "MXF meta-dictionary from annotated XML Schemas - development files
-Loads XML Schema documents that are annotated after SMPTE ST 434 into a dictionary of MXF metadata: its elements, sets,
-attributes, local tags and typed values.
+Loads XML Schema documents that are annotated after SMPTE ST 434 into a
+dictionary of MXF metadata: its elements, sets, attributes, local tags and
+typed values.
 .
-This package has the headers and the files for CMake and pkg-config. Programs that call the XML utilities themselves also
-need the headers of Xerces-C and XQilla.")
+This package has the headers and the files for CMake and pkg-config. Programs
+that call the XML utilities themselves also need the headers of Xerces-C and
+XQilla.")
 
-tesselmxf_package(schemas NAME tesselmxf-schemas SECTION xml ARCHITECTURE all
+tesselmxf_package(schemas NAME tesselmxf-schemas SECTION misc ARCHITECTURE all
   DESCRIPTION "MXF header metadata as annotated XML Schemas
-The elements and sets of MXF header metadata, descriptive metadata included, as XML Schema documents that are annotated
-after SMPTE ST 434, in both flavours of annotations.")
+The elements and sets of MXF header metadata, descriptive metadata included,
+as XML Schema documents that are annotated after SMPTE ST 434, in both flavours
+of annotations.")
 
 if(TESSELMXF_BUILD_TOOLS)
   tesselmxf_package(tools NAME mxf-metadict SECTION video DEPENDS runtime RECOMMENDS tesselmxf-schemas
     DESCRIPTION "tells what annotated MXF metadata schemas declare
-Loads XML Schema documents that are annotated after SMPTE ST 434, prints the elements, sets and local tags that they
-declare, explains single ones, and draws how sets refer to each other.
+Loads XML Schema documents that are annotated after SMPTE ST 434, prints the
+elements, sets and local tags that they declare, explains single ones, draws
+how sets refer to each other, and examines and compares schemas.
 .
 This package has the command, its manual page and its completion for bash.")
 endif()

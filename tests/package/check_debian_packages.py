@@ -15,7 +15,7 @@ PACKAGES_WANTED = {
     LIBRARY: ("libs", ["libc6", "libstdc++6", "libxerces-c3.2", "libxqilla6v5"]),
     "libtesselmxf-dev": ("libdevel", [LIBRARY + " (= {version})"]),
     "mxf-metadict": ("video", [LIBRARY + " (= {version})", "libc6"]),
-    "tesselmxf-schemas": ("xml", []),
+    "tesselmxf-schemas": ("misc", []),
 }
 # Which package has which files; the first pattern that matches counts.
 PLACES = [
@@ -25,6 +25,8 @@ PLACES = [
     (r"usr/(bin/mxf-metadict|share/man/man1/mxf-metadict\.1\.gz|share/bash-completion/completions/mxf-metadict)",
      "mxf-metadict"),
     (r"usr/share/tesselmxf/schemas/.*\.xsd", "tesselmxf-schemas"),
+    (r"usr/share/doc/TesselMXF/docs/[a-z.-]+", "mxf-metadict"),
+    (r"usr/share/doc/TesselMXF/((docs/guide|examples)/.*|[A-Z]+\.md)", "libtesselmxf-dev"),
 ]
 DOCUMENTS = {"copyright", "changelog.gz", "changelog.Debian.gz"}
 
