@@ -38,8 +38,7 @@ Findings findUntargetedReferences(const Subject& subject) {
     if (!isWithout || !pendingReferences(*element).empty()) continue;
     // A choice may name sets by their identifiers only, which is no fault.
     const Place place = placeAt(element->origin());
-    const auto scan = subject.scans().find(place.path);
-    if (scan != subject.scans().end() && scan->second.withChoices.count({place.line, place.column}) > 0) continue;
+    if (subject.scanOf(place.path).withChoices.count({place.line, place.column}) > 0) continue;
     findings.push_back({place, "Element " + quotedName(*element) + " is a reference and names no set in a choice."});
   }
   return findings;
@@ -47,8 +46,8 @@ Findings findUntargetedReferences(const Subject& subject) {
 
 Findings findUnknownAnnotations(const Subject& subject) {
   Findings findings;
-  for (const auto& [path, scan] : subject.scans()) {
-    for (const DeclarationScan::UnknownAnnotation& unknown : scan.unknownAnnotations) {
+  for (const Templates::WideString& path : subject.schemas()) {
+    for (const DeclarationScan::UnknownAnnotation& unknown : subject.scanOf(path).unknownAnnotations) {
       findings.push_back(
           {placeIn(path, unknown.position), "The annotation \"" + unknown.source + "\" is none that is read."});
       if (!unknown.nearest.empty()) findings.back().remedy = "Did you mean \"" + unknown.nearest + "\"?";
@@ -65,8 +64,8 @@ Findings findReferencesWithoutStatus(const Subject& subject) {
                      element);
   }
   Findings findings;
-  for (const auto& [path, scan] : subject.scans()) {
-    for (const DeclarationScan::PlainReference& reference : scan.plainReferences) {
+  for (const Templates::WideString& path : subject.schemas()) {
+    for (const DeclarationScan::PlainReference& reference : subject.scanOf(path).plainReferences) {
       const auto element = elements.find({printable(reference.namespaceUri), printable(reference.elementName)});
       if (element == elements.end()) continue;
       findings.push_back({placeIn(path, reference.position),

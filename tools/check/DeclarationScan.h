@@ -5,6 +5,7 @@
 #include <Templates/Containers.h>
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
 #include <utility>
@@ -15,7 +16,7 @@ namespace MXF::Tessel::Tool {
 /// Line and column at which a declaration begins.
 using DeclarationPosition = std::pair<std::uint32_t, std::uint32_t>;
 
-/// What a document declares and the loader passes over without a word.
+/// What a document declares and the loader passes over without a word, or keeps in a form that does not tell.
 struct DeclarationScan {
   struct UnknownAnnotation {
     DeclarationPosition position;
@@ -28,10 +29,15 @@ struct DeclarationScan {
     Templates::WideString namespaceUri;
     Templates::WideString elementName;
   };
+  struct WrittenValue {
+    Templates::WideString read;   ///< The first text, which is all that the loader reads; empty when there is none.
+    Templates::WideString whole;  ///< All text of the annotation.
+  };
 
   std::vector<UnknownAnnotation> unknownAnnotations;  ///< Of the flavour in use.
   std::vector<PlainReference> plainReferences;        ///< References in complex types that have no required status.
   std::set<DeclarationPosition> withChoices;          ///< Top-level declarations that name sets in a choice.
+  std::map<DeclarationPosition, WrittenValue> values;  ///< Distinguished values, by the declarations they annotate.
 };
 
 /// Looks into a document; there is nothing to find in one that cannot be read.
