@@ -43,15 +43,20 @@ void scanType(const DOMElement& type, bool isOfGroup, const Annotations& annotat
   for (const DeclarationScan::PlainReference& reference : found) scan.plainReferences.push_back(reference);
 }
 
-/// The names of the types that the groups of a document have.
-std::set<std::u16string> groupTypes(const DOMElement& schema, const Annotations& annotations) {
-  std::set<std::u16string> names;
+/// Adds the top-level declarations.
+/// @return the names of the types that groups have.
+std::set<std::u16string> scanTopLevel(const DOMElement& schema, const Annotations& annotations, DeclarationScan& scan) {
+  std::set<std::u16string> typesOfGroups;
   forEachChild(schema, [&](const DOMElement& declaration) {
-    if (!annotationOf(declaration, annotations.groupKey)) return;
+    const auto key = annotationOf(declaration, annotations.groupKey);
+    scan.declarations[declarationPositionOf(declaration)] = {
+        XMLUtils::toWstring(declaration.getAttribute(u"name")), key.value_or(Templates::WideString()),
+        std::u16string_view(declaration.getAttribute(u"abstract")) == u"true"};
+    if (!key) return;
     const std::u16string type = declaration.getAttribute(u"type");
-    names.insert(type.substr(type.find(u':') + 1));  // all of it when there is no colon
+    typesOfGroups.insert(type.substr(type.find(u':') + 1));  // all of it when there is no colon
   });
-  return names;
+  return typesOfGroups;
 }
 
 bool namesSets(const DOMElement& choice) {
@@ -70,7 +75,7 @@ void scanElement(const DOMElement& declaration, DeclarationScan& scan) {
 
 void scanSchema(const DOMElement& schema, const Annotations& annotations, DeclarationScan& scan) {
   scanAnnotations(schema, annotations, scan);
-  const std::set<std::u16string> ofGroups = groupTypes(schema, annotations);
+  const std::set<std::u16string> ofGroups = scanTopLevel(schema, annotations, scan);
   forEachChild(schema, [&](const DOMElement& declaration) {
     if (isNamed(declaration, u"element")) return scanElement(declaration, scan);
     if (!isNamed(declaration, u"complexType")) return;

@@ -29,11 +29,18 @@ struct DeclarationScan {
     Templates::WideString namespaceUri;
     Templates::WideString elementName;
   };
+  /// What stands at the top level.
+  struct Declaration {
+    Templates::WideString name;  ///< Its XML name without the namespace.
+    Templates::WideString key;   ///< Of a group, as it is written; empty for one without a key of the flavour in use.
+    bool isAbstract;
+  };
   struct WrittenValue {
     Templates::WideString read;   ///< The first text, which is all that the loader reads; empty when there is none.
     Templates::WideString whole;  ///< All text of the annotation.
   };
 
+  std::map<DeclarationPosition, Declaration> declarations;
   std::vector<UnknownAnnotation> unknownAnnotations;  ///< Of the flavour in use.
   std::vector<PlainReference> plainReferences;        ///< References in complex types that have no required status.
   std::set<DeclarationPosition> withChoices;          ///< Top-level declarations that name sets in a choice.

@@ -40,6 +40,28 @@ Finding describe(const std::vector<LoadRecord>& loads, std::size_t number) {
   return finding;
 }
 
+/// The abstract groups of a file that have keys all the same, as a list of quoted names.
+std::string abstractGroupsWithKeys(const DeclarationScan& scan) {
+  std::string names;
+  for (const auto& [position, declaration] : scan.declarations) {
+    if (!declaration.isAbstract || declaration.key.empty()) continue;
+    names += (names.empty() ? "" : ", ") + ('"' + encode(printable(declaration.name)) + '"');
+  }
+  return names;
+}
+
+std::string whyWithoutAbstractGroups(const Failure& failure, const Subject& subject) {
+  const Place place = placeAt(failure.place);
+  const auto& declarations = subject.scanOf(place.path).declarations;
+  const auto group = declarations.find({place.line, place.column});
+  if (group != declarations.end() && group->second.key.empty()) {
+    return "group \"" + encode(printable(group->second.name)) + "\" has no key of the " +
+           annotationsOf(subject.outcome().targetNamespace).flavour + " flavour";
+  }
+  return "they cannot be loaded: " + encode(withoutExtraBlanks(printable(messageWithoutPlace(failure)))) + " [" +
+         failure.className + "]";
+}
+
 bool isWrongFile(const LoadRecord& load) {
   return load.failure && load.failure->className == wrongFileClass;
 }
@@ -77,6 +99,23 @@ Findings findEmptyDictionary(const Subject& subject) {
   const auto& loads = subject.outcome().loads;
   if (!subject.elements().empty() || subject.isIncomplete() || loads.empty()) return {};
   return {{placeOf(loads.back()), "No element was loaded from this file or those before it."}};
+}
+
+Findings findLeftOutAbstractGroups(const Subject& subject) {
+  Findings findings;
+  for (const LoadRecord& load : subject.outcome().loads) {
+    if (!load.withAbstractGroups) continue;
+    const Failure& failure = *load.withAbstractGroups;
+    const std::string leftOut = abstractGroupsWithKeys(subject.scanOf(placeOf(load).path));
+    const std::string why = whyWithoutAbstractGroups(failure, subject);
+    findings.push_back({failure.place.isKnown() ? placeAt(failure.place) : placeOf(load),
+                        leftOut.empty() ? "Abstract groups are left out, since " + why + "."
+                                        : "Abstract groups are left out though they have keys (" + leftOut +
+                                              "), since " + why + "."});
+    if (findings.back().place.path != placeOf(load).path)
+      findings.back().related.push_back({placeOf(load), "met while loading this file"});
+  }
+  return findings;
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -10,6 +10,7 @@ Findings findFailedLoads(const Subject& subject);
 Findings findWrongFiles(const Subject& subject);
 Findings findFilesWithoutDeclarations(const Subject& subject);
 Findings findEmptyDictionary(const Subject& subject);
+Findings findLeftOutAbstractGroups(const Subject& subject);
 
 // NameRules.cpp
 Findings findSharedXmlNames(const Subject& subject);

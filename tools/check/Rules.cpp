@@ -34,6 +34,10 @@ const std::vector<Rule>& allRules() {
        findSharedLocalTags, false},
       {"no-declarations", Severity::Warning, "A file declares nothing that can be loaded.",
        "Leave the file out, or annotate what it declares.", findFilesWithoutDeclarations, true},
+      {"left-out-abstract", Severity::Warning, "The abstract groups of a scheme are left out.",
+       "Give it a key: the abstract groups of a scheme are loaded only if all of them, and the groups of all base types, "
+       "have keys of the flavour in use. Sets are without their abstract bases now.",
+       findLeftOutAbstractGroups, true},
       {"unresolved-reference", Severity::Warning, "An element refers to sets that no scheme declares.",
        "Load the schemes that declare the sets with --scheme, or correct the reference.", findUnresolvedReferences,
        false},

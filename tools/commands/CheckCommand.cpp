@@ -30,8 +30,8 @@ constexpr const char* checkDetails =
     "what is missing, clashes or was lost. Each finding has its place, what it clashes with, and what to\n"
     "do. The exit status is 1 when there are errors. SARIF is what editors and code hosts read.\n"
     "\n"
-    "Give all schemas of a dictionary together: what only others declare counts as missing. Abstract\n"
-    "groups are loaded where they have keys.\n"
+    "Give all schemas of a dictionary together: what only others declare counts as missing. The\n"
+    "abstract groups of a scheme are loaded if all of them have keys.\n"
     "\n"
     "Rules:\n";
 
