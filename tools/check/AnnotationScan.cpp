@@ -23,6 +23,11 @@ struct Annotation {
 };
 using AnnotationsOfOne = std::vector<Annotation>;
 
+/// The sources of what the loader makes dictionaries of, each by its member. Others are for readers of the schema.
+constexpr std::u16string_view Annotations::* membersRead[] = {
+    &Annotations::elementLabel,   &Annotations::elementName,        &Annotations::groupKey, &Annotations::groupName,
+    &Annotations::requiredStatus, &Annotations::distinguishedValue, &Annotations::localTag};
+
 /// What the annotations of all declarations are compared with.
 struct Context {
   const Annotations& annotations;
@@ -72,6 +77,37 @@ void findUnknown(const AnnotationsOfOne& all, const Context& context) {
   }
 }
 
+bool hasSource(const AnnotationsOfOne& all, std::u16string_view source) {
+  return std::any_of(all.begin(), all.end(), [&](const Annotation& one) { return one.source == source; });
+}
+
+void findOtherFlavour(const DOMElement& declaration, const AnnotationsOfOne& all, const Context& context) {
+  const Annotations& other = otherAnnotations(context.annotations);
+  std::string sources;
+  for (const auto member : membersRead) {
+    if (!hasSource(all, other.*member) || hasSource(all, context.annotations.*member)) continue;
+    const std::string source = narrowSource(other.*member);
+    sources += (sources.empty() ? "" : ", ") + source.substr(source.find_last_of("/:") + 1);
+  }
+  if (sources.empty()) return;
+  const char16_t* naming = declaration.hasAttribute(u"name") ? u"name" : u"ref";
+  context.scan.otherFlavour.push_back(
+      {declarationPositionOf(declaration), XMLUtils::toWstring(declaration.getAttribute(naming)), sources});
+}
+
+void findRepeated(const AnnotationsOfOne& all, const Context& context) {
+  for (const auto member : membersRead) {
+    const std::u16string_view source = context.annotations.*member;
+    const auto isOfSource = [&](const Annotation& one) { return one.source == source; };
+    const auto first = std::find_if(all.begin(), all.end(), isOfSource);
+    if (first == all.end()) continue;
+    const auto second = std::find_if(first + 1, all.end(), isOfSource);
+    if (second == all.end()) continue;
+    context.scan.repeatedAnnotations.push_back(
+        {declarationPositionOf(*second->appinfo), declarationPositionOf(*first->appinfo), narrowSource(source)});
+  }
+}
+
 /// The first text within, which is all that the loader reads.
 Templates::WideString firstText(const DOMElement& appinfo) {
   for (const DOMNode* child = appinfo.getFirstChild(); child != nullptr; child = child->getNextSibling()) {
@@ -102,7 +138,10 @@ void scanAnnotations(const DOMElement& schema, const Annotations& annotations, D
   const Context context = {annotations, annotations.sources(), scan};
   forEachWithin(schema, [&](const DOMElement& declaration) {
     const AnnotationsOfOne all = annotationsOfDeclaration(declaration);
+    if (all.empty()) return;
     findUnknown(all, context);
+    findOtherFlavour(declaration, all, context);
+    findRepeated(all, context);
     findValue(declaration, all, context);
   });
 }

@@ -30,12 +30,13 @@ DeclarationScan::PlainReference plainReference(const DOMElement& reference, cons
 
 /// Adds the references without a status. Types that are no group's and have none at all are not for the loader.
 void scanType(const DOMElement& type, bool isOfGroup, const Annotations& annotations, DeclarationScan& scan) {
+  const Annotations& other = otherAnnotations(annotations);
   std::vector<DeclarationScan::PlainReference> found;
   forEachWithin(type, [&](const DOMElement& inner) {
     if (!isReference(inner)) return;
     if (annotationOf(inner, annotations.requiredStatus)) {
       isOfGroup = true;
-    } else {
+    } else if (!annotationOf(inner, other.requiredStatus)) {
       found.push_back(plainReference(inner, type));
     }
   });

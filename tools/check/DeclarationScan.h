@@ -23,6 +23,18 @@ struct DeclarationScan {
     std::string source;
     std::string nearest;  ///< The source that was probably meant; empty when none comes near.
   };
+  /// An annotation that stands a second time at a declaration.
+  struct RepeatedAnnotation {
+    DeclarationPosition position;
+    DeclarationPosition first;
+    std::string source;
+  };
+  /// A declaration with annotations of the other flavour that it has not in the flavour in use.
+  struct OtherFlavour {
+    DeclarationPosition position;
+    Templates::WideString name;  ///< Or what it refers to.
+    std::string sources;         ///< Their last parts, joined.
+  };
   struct PlainReference {
     DeclarationPosition position;
     Templates::WideString typeName;  ///< Of the complex type that it stands in.
@@ -42,7 +54,10 @@ struct DeclarationScan {
 
   std::map<DeclarationPosition, Declaration> declarations;
   std::vector<UnknownAnnotation> unknownAnnotations;  ///< Of the flavour in use.
-  std::vector<PlainReference> plainReferences;        ///< References in complex types that have no required status.
+  std::vector<RepeatedAnnotation> repeatedAnnotations;  ///< Of the flavour in use.
+  std::vector<OtherFlavour> otherFlavour;
+  /// References in complex types that have no required status, in neither flavour.
+  std::vector<PlainReference> plainReferences;
   std::set<DeclarationPosition> withChoices;          ///< Top-level declarations that name sets in a choice.
   std::map<DeclarationPosition, WrittenValue> values;  ///< Distinguished values, by the declarations they annotate.
 };

@@ -6,6 +6,8 @@
 
 #include <Utils/TextConversion.h>
 
+#include <map>
+
 namespace MXF::Tessel::Tool {
 
 namespace {
@@ -103,17 +105,23 @@ Findings findEmptyDictionary(const Subject& subject) {
 
 Findings findLeftOutAbstractGroups(const Subject& subject) {
   Findings findings;
+  std::map<std::string, std::size_t> known;  // many schemes may have their bases from one
   for (const LoadRecord& load : subject.outcome().loads) {
     if (!load.withAbstractGroups) continue;
     const Failure& failure = *load.withAbstractGroups;
+    const Place place = failure.place.isKnown() ? placeAt(failure.place) : placeOf(load);
     const std::string leftOut = abstractGroupsWithKeys(subject.scanOf(placeOf(load).path));
     const std::string why = whyWithoutAbstractGroups(failure, subject);
-    findings.push_back({failure.place.isKnown() ? placeAt(failure.place) : placeOf(load),
-                        leftOut.empty() ? "Abstract groups are left out, since " + why + "."
-                                        : "Abstract groups are left out though they have keys (" + leftOut +
-                                              "), since " + why + "."});
-    if (findings.back().place.path != placeOf(load).path)
-      findings.back().related.push_back({placeOf(load), "met while loading this file"});
+    const auto [finding, isNew] = known.emplace(shownPlace(failure.place, load.file.path) + why, findings.size());
+    if (isNew) {
+      findings.push_back({place, "Abstract groups are left out" +
+                                     (leftOut.empty() ? "" : " though they have keys (" + leftOut + ")") + ", since " +
+                                     why + "."});
+    }
+    if (!isNew || place.path != placeOf(load).path) {
+      findings[finding->second].related.push_back(
+          {placeOf(load), "met while loading this file" + (leftOut.empty() ? "" : ", which has " + leftOut)});
+    }
   }
   return findings;
 }

@@ -14,6 +14,7 @@ Findings findLeftOutAbstractGroups(const Subject& subject);
 
 // NameRules.cpp
 Findings findSharedXmlNames(const Subject& subject);
+Findings findRepeatedAttributes(const Subject& subject);
 Findings findRepeatedNames(const Subject& subject);
 
 // IdentifierRules.cpp
@@ -29,6 +30,8 @@ Findings findUnusedElements(const Subject& subject);
 // DeclarationRules.cpp
 Findings findUntargetedReferences(const Subject& subject);
 Findings findUnknownAnnotations(const Subject& subject);
+Findings findOtherFlavour(const Subject& subject);
+Findings findRepeatedAnnotations(const Subject& subject);
 Findings findReferencesWithoutStatus(const Subject& subject);
 
 // ValueRules.cpp
