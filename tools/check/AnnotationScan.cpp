@@ -24,7 +24,7 @@ struct Annotation {
 using AnnotationsOfOne = std::vector<Annotation>;
 
 /// The sources of what the loader makes dictionaries of, each by its member. Others are for readers of the schema.
-constexpr std::u16string_view Annotations::* membersRead[] = {
+constexpr std::u16string_view Annotations::*membersRead[] = {
     &Annotations::elementLabel,   &Annotations::elementName,        &Annotations::groupKey, &Annotations::groupName,
     &Annotations::requiredStatus, &Annotations::distinguishedValue, &Annotations::localTag};
 

@@ -74,9 +74,9 @@ Findings findOtherFlavour(const Subject& subject) {
     if (isGivenWrongly(path, subject)) continue;
     for (const DeclarationScan::OtherFlavour& declaration : subject.scanOf(path).otherFlavour) {
       const std::string name = '"' + encode(printable(declaration.name)) + '"';
-      findings.push_back({placeIn(path, declaration.position), name + " has annotations of the " + other.flavour +
-                                                                   " flavour only, which are not read: " +
-                                                                   declaration.sources + "."});
+      findings.push_back(
+          {placeIn(path, declaration.position), name + " has annotations of the " + other.flavour +
+                                                    " flavour only, which are not read: " + declaration.sources + "."});
       findings.back().name = name;
     }
   }

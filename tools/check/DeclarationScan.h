@@ -53,12 +53,12 @@ struct DeclarationScan {
   };
 
   std::map<DeclarationPosition, Declaration> declarations;
-  std::vector<UnknownAnnotation> unknownAnnotations;  ///< Of the flavour in use.
+  std::vector<UnknownAnnotation> unknownAnnotations;    ///< Of the flavour in use.
   std::vector<RepeatedAnnotation> repeatedAnnotations;  ///< Of the flavour in use.
   std::vector<OtherFlavour> otherFlavour;
   /// References in complex types that have no required status, in neither flavour.
   std::vector<PlainReference> plainReferences;
-  std::set<DeclarationPosition> withChoices;          ///< Top-level declarations that name sets in a choice.
+  std::set<DeclarationPosition> withChoices;           ///< Top-level declarations that name sets in a choice.
   std::map<DeclarationPosition, WrittenValue> values;  ///< Distinguished values, by the declarations they annotate.
 };
 

@@ -36,5 +36,6 @@ Findings findReferencesWithoutStatus(const Subject& subject);
 
 // ValueRules.cpp
 Findings findLostValues(const Subject& subject);
+Findings findDoubtfulValues(const Subject& subject);
 
 }  // namespace MXF::Tessel::Tool

@@ -35,7 +35,8 @@ const std::vector<Rule>& allRules() {
       {"no-declarations", Severity::Warning, "A file declares nothing that can be loaded.",
        "Leave the file out, or annotate what it declares.", findFilesWithoutDeclarations, true},
       {"left-out-abstract", Severity::Warning, "The abstract groups of a scheme are left out.",
-       "Give it a key: the abstract groups of a scheme are loaded only if all of them, and the groups of all base types, "
+       "Give it a key: the abstract groups of a scheme are loaded only if all of them, and the groups of all base "
+       "types, "
        "have keys of the flavour in use. Sets are without their abstract bases now.",
        findLeftOutAbstractGroups, true},
       {"unresolved-reference", Severity::Warning, "An element refers to sets that no scheme declares.",
@@ -47,7 +48,8 @@ const std::vector<Rule>& allRules() {
       {"unknown-annotation", Severity::Warning, "An annotation is none that is read.",
        "Correct the source of the annotation; what it says is lost.", findUnknownAnnotations, false},
       {"other-flavour", Severity::Warning, "Annotations of a declaration are of the other flavour only.",
-       "Annotate the declaration in the flavour in use, too. All files are read in one flavour, which --multiplex chooses.",
+       "Annotate the declaration in the flavour in use, too. All files are read in one flavour, which --multiplex "
+       "chooses.",
        findOtherFlavour, false, "Annotations are of the other flavour only, and not read, at "},
       {"repeated-annotation", Severity::Warning, "A declaration has an annotation twice.",
        "Keep one of the two; what the second one says is lost.", findRepeatedAnnotations, false},
@@ -68,6 +70,8 @@ const std::vector<Rule>& allRules() {
        findLabelsOfOtherVersions, false},
       {"lost-value", Severity::Warning, "A distinguished value is of a type that has no text form.",
        "Take the annotation out, or give the element a type of which values can be written.", findLostValues, false},
+      {"doubtful-value", Severity::Warning, "A distinguished value is not read as it is written.",
+       "Correct the text of the annotation, or take the annotation out.", findDoubtfulValues, false},
       {"repeated-name", Severity::Note, "Two elements, or two sets, have one name.",
        "Tell them apart by label or key, or give one of them another name.", findRepeatedNames, false},
       {"unused-element", Severity::Note, "No set uses an element.",
