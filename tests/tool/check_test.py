@@ -189,7 +189,7 @@ class Check(ToolTest):
             group(1, "G", attribute("A"), '<xs:element ref="e:B"/><xs:element ref="e:None"/>', attribute("Id"),
                   attribute("No", tag_text="80.01", value="7").replace("LocalTag", "LocalTagg").replace("::", ":")),
             group(2, "H", '<xs:element ref="e:A"/>').replace("Groups:Name", "Dictionary:ElementName", 1), pack))
-        found = self.findings("d.xsd", "s.xsd", options=["--disable", "load-failed"])
+        found = self.findings("d.xsd", "s.xsd")
         groups = "urn:SMPTE:MXF:XMLInterface:Groups:"
         self.assertEqual([finding["remedy"] for finding in found if finding["rule"] == "unknown-annotation"],
                          [f'Did you mean "{groups}{name}"?' for name in ("LocalTag", ":DistinguishedValue")])
@@ -216,6 +216,9 @@ class Check(ToolTest):
         status, _, errors = self.run_tool("check", *files, "--rule", "unusedelement")
         self.assertEqual(status, 2)
         self.assertIn(b"no such rule: unusedelement; did you mean unused-element?", errors)
+        status, _, errors = self.run_tool("check", *files, "--dictionary", "none.xsd", "--disable", "load-failed")
+        self.assertEqual(status, 2)
+        self.assertIn(b"a file that was not loaded is always told: load-failed", errors)
 
     def test_text(self):
         self.write("d.xsd", dictionary(element(1, "A"), "\n", element(2, "B"), "\n", element(3, "C")))

@@ -74,7 +74,17 @@ void scanElement(const DOMElement& declaration, DeclarationScan& scan) {
   });
 }
 
+/// The loader knows declarations by the prefix xs, whatever that stands for.
+void scanRoot(const DOMElement& root, DeclarationScan& scan) {
+  const XMLCh* uri = root.getNamespaceURI();
+  const std::u16string_view given = uri == nullptr ? u"" : uri;
+  if (isNamed(root, u"schema") && given == schemaNamespace) return;
+  scan.wrongRoot = {declarationPositionOf(root), XMLUtils::toWstring(given.data()),
+                    XMLUtils::toWstring(root.getLocalName())};
+}
+
 void scanSchema(const DOMElement& schema, const Annotations& annotations, DeclarationScan& scan) {
+  scanRoot(schema, scan);
   scanAnnotations(schema, annotations, scan);
   const std::set<std::u16string> ofGroups = scanTopLevel(schema, annotations, scan);
   forEachChild(schema, [&](const DOMElement& declaration) {

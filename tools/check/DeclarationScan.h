@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -16,8 +17,16 @@ namespace MXF::Tessel::Tool {
 /// Line and column at which a declaration begins.
 using DeclarationPosition = std::pair<std::uint32_t, std::uint32_t>;
 
+/// Of the declarations of XML Schema.
+inline constexpr const char16_t* schemaNamespace = u"http://www.w3.org/2001/XMLSchema";
+
 /// What a document declares and the loader passes over without a word, or keeps in a form that does not tell.
 struct DeclarationScan {
+  struct Root {
+    DeclarationPosition position;
+    Templates::WideString namespaceUri;
+    Templates::WideString name;
+  };
   struct UnknownAnnotation {
     DeclarationPosition position;
     std::string source;
@@ -52,6 +61,7 @@ struct DeclarationScan {
     Templates::WideString whole;  ///< All text of the annotation.
   };
 
+  std::optional<Root> wrongRoot;  ///< The root when it is not that of an XML Schema.
   std::map<DeclarationPosition, Declaration> declarations;
   std::vector<UnknownAnnotation> unknownAnnotations;    ///< Of the flavour in use.
   std::vector<RepeatedAnnotation> repeatedAnnotations;  ///< Of the flavour in use.

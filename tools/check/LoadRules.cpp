@@ -7,6 +7,7 @@
 #include <Utils/TextConversion.h>
 
 #include <map>
+#include <optional>
 
 namespace MXF::Tessel::Tool {
 
@@ -85,6 +86,21 @@ Findings findWrongFiles(const Subject& subject) {
     if (!isWrongFile(load)) continue;
     findings.push_back({placeOf(load), encode(printable(L"The file " + load.failure->message)) + "."});
     findings.back().remedy = encode(printable(Utils::stringToWstring(load.explanation.remedy.c_str())));
+  }
+  return findings;
+}
+
+Findings findWrongRoots(const Subject& subject) {
+  Findings findings;
+  for (const Templates::WideString& path : subject.schemas()) {
+    const std::optional<DeclarationScan::Root>& root = subject.scanOf(path).wrongRoot;
+    if (!root) continue;
+    const std::string given = '"' + encode(printable(root->name)) + "\" of " +
+                              (root->namespaceUri.empty() ? "no namespace"
+                                                          : "namespace " + encode(printable(root->namespaceUri)));
+    findings.push_back({{path, root->position.first, root->position.second},
+                        "The root is " + given + ", and not \"schema\" of namespace " + narrowSource(schemaNamespace) +
+                            "."});
   }
   return findings;
 }

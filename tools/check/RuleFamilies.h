@@ -8,6 +8,7 @@ namespace MXF::Tessel::Tool {
 // LoadRules.cpp
 Findings findFailedLoads(const Subject& subject);
 Findings findWrongFiles(const Subject& subject);
+Findings findWrongRoots(const Subject& subject);
 Findings findFilesWithoutDeclarations(const Subject& subject);
 Findings findEmptyDictionary(const Subject& subject);
 Findings findLeftOutAbstractGroups(const Subject& subject);
