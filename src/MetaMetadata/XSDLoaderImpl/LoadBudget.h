@@ -26,9 +26,9 @@ constexpr Utils::Limit repeatedText{50'000'000, L"characters of repeated texts i
 constexpr Utils::Limit items{1'000'000, L"items of values in a load"};
 
 /// A path is read once, but a file has many paths. Documents stay until the loader is destroyed, and the smallest takes
-/// some sixteen kilobytes of memory, as four kilobytes of declarations do: that is what each counts at least.
-constexpr Utils::Limit importedBytes{std::size_t{64} << 20U, L"bytes of imported files in a load"};
-constexpr std::size_t smallestImport = std::size_t{4} << 10U;
+/// some sixteen kilobytes of memory, as two kilobytes of declarations do: that is what each counts at least.
+constexpr Utils::Limit importedBytes{std::size_t{32} << 20U, L"bytes of imported files in a load"};
+constexpr std::size_t smallestImport = std::size_t{2} << 10U;
 
 }  // namespace Limits
 
