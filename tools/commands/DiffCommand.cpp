@@ -60,7 +60,7 @@ ExitStatus compare(const DiffRequest& request, const DictionaryDump& before, con
 
 ExitStatus runDiff(const DiffRequest& request) {
   try {
-    if (outputIsInput(request.output, {request.before, request.after})) return ExitStatus::WrongUsage;
+    if (isOutputRefused(request.output, {request.before, request.after})) return ExitStatus::WrongUsage;
     const std::optional<DictionaryDump> before = readOrReport(request.before, request.output);
     const std::optional<DictionaryDump> after = readOrReport(request.after, request.output);
     if (!before || !after) return ExitStatus::WrongUsage;
