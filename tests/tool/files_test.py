@@ -223,6 +223,27 @@ class Explanations(ToolTest):
         self.write("n.xsd", "<schema xmlns='http://www.w3.org/2001/XMLSchema' targetNamespace='urn:x'/>")
         self.assertIn("must bind the prefix xs", " ".join(self.notes("n.xsd")))
 
+    def test_what_the_bytes_of_a_file_are(self):
+        good = dictionary(element(1, "A", documentation="\u6f22\U0001f600"))
+        declared = '<?xml version="1.0" encoding="UTF-8"?>\r\n'
+        lines = "<!-- {} -->\r\n".format("\u6f22\U0001f600" * 3000) * 3  # the parser decodes far ahead of them
+        for content, note in (
+                (b"", "d.xsd:1:1: note: The file is empty."),
+                (b" \n", "note: The file holds nothing but blanks."),
+                (b"PK\3\4", "note: The file is no XML: it does not begin with"),
+                ((declared + good).encode("utf-16"), "note: The file is in UTF-16, but its first line declares utf-8: "),
+                (declared.replace("8", "16").encode() + b"<\xfc/>", "d.xsd:2:2: note: The first byte that is not UTF-8"),
+                ((declared + lines).encode() + "\u6f22\U0001f600<\xfc".encode("utf-8")[:-2] + b"\xfc/>",
+                 "d.xsd:5:5: note: The first byte that is not UTF-8 is here: FC hex"),
+                (b"<a>\r\xed\xa0\x80</a>", "d.xsd:2:1: note: The first byte that is not UTF-8 is here: ED hex"),
+                (b"<a>\xc3</a>", "d.xsd:1:4: note: The first byte that is not UTF-8 is here: C3 hex"),
+                (b"<a>\xc3</a>", "note: Save the file as UTF-8, or declare its encoding"),
+                (declared.replace("UTF-8", "ISO-8859-1").encode() + b"<\xfc>", "note: Correct the XML."),
+                ((declared.replace("8", "16") + "<a>").encode("utf-16"), "note: Correct the XML.")):
+            with self.subTest(note):
+                (self.folder / "d.xsd").write_bytes(content)
+                self.assertIn(note, self.run_tool("dump", "--dictionary", "d.xsd")[2].decode("utf-8", "replace"))
+
     def test_one_fault_of_an_import_is_told_once(self):
         (self.folder / "i").mkdir()
         self.write("i/b.xsd", scheme("<x>"))

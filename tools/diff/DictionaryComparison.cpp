@@ -17,8 +17,9 @@ struct OptionalProperty {
   bool DumpOptions::*asked;
 };
 
-constexpr OptionalProperty optionalProperties[] = {{"Documentation", "--documentation", &DumpOptions::documentation},
-                                                   {"LengthDescription", "--length-description", &DumpOptions::lengthDescription}};
+constexpr OptionalProperty optionalProperties[] = {
+    {"Documentation", "--documentation", &DumpOptions::documentation},
+    {"LengthDescription", "--length-description", &DumpOptions::lengthDescription}};
 
 template <class Map>
 bool anyHas(const Map& map, const char* property) {

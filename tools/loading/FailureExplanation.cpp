@@ -5,11 +5,13 @@
 
 #include "loading/Annotations.h"
 #include "loading/DuplicateDeclarations.h"
+#include "loading/EncodingFault.h"
 #include "loading/NothingLoaded.h"
 #include "loading/SchemaDocument.h"
 #include "text/Unicode.h"
 
 #include <MetaMetadata/AttributeRequiredStatus.h>
+#include <Utils/TextConversion.h>
 #include <XMLUtils/TextConversion.h>
 
 #include <xercesc/dom/DOMNodeList.hpp>
@@ -252,6 +254,13 @@ std::string meaningOf(const Failure& failure) {
   return "";
 }
 
+/// Whether the text of the document, and not its meaning, may be at fault.
+bool isOfParser(const Failure& failure) {
+  constexpr std::string_view classes[] = {"ParseError", "SAXParseException", "SAXException", "UTFDataFormatException",
+                                          "XMLException"};
+  return std::find(std::begin(classes), std::end(classes), failure.className) != std::end(classes);
+}
+
 bool applies(const Row& row, const Failure& failure) {
   if (row.className != failure.className) return false;
   const bool isAnywhere = !row.start.empty() && row.start.front() == L'*';
@@ -279,6 +288,11 @@ Explanation explainFailure(const LoadRecord& record, const LoadOutcome& outcome,
   if (record.file.kind == FileKind::Multiplex) {
     const std::string remedy = remedyOfNoMultiplex(record.file);
     if (!remedy.empty()) explanation.remedy = remedy;
+  }
+  if (isOfParser(failure)) {
+    const WideString file = Utils::stringToWstring(record.file.path.c_str());
+    Explanation bytes = explainBytes(failure.place.isKnown() ? failure.place.path() : file);
+    if (!bytes.remedy.empty()) explanation = std::move(bytes);
   }
   explanation.meaning = meaningOf(failure);
   addFirstDeclaration(failure, outcome, explanation);
