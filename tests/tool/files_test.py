@@ -29,7 +29,7 @@ class Order(ToolTest):
         self.assertEqual(len(result["sets"]), 2)
         status, _, errors = self.run_tool("dump", "--scheme", "sA.xsd", "--dictionary", "dA.xsd")
         self.assertEqual(status, 1)
-        self.assertRegex(errors, rb"\AsA\.xsd:1:\d+: error: .* \[NotFound\]\nsA\.xsd:1:\d+: note: Groups refer to elements, and n")
+        self.assertRegex(errors, rb"\AsA\.xsd:1:\d+: error: .* \[NotFound\]\nsA\.xsd:1:\d+: note: Here e stands for .*\. Groups refer to elements, and n")
 
     def test_the_multiplex_decides_the_flavour(self):
         self.assertEqual(self.dump("--dictionary", "dA.xsd")["targetNamespace"], URN_MULTIPLEX)
@@ -222,6 +222,22 @@ class Explanations(ToolTest):
             self.assertIn(expected, " ".join(self.notes(name)))
         self.write("n.xsd", "<schema xmlns='http://www.w3.org/2001/XMLSchema' targetNamespace='urn:x'/>")
         self.assertIn("must bind the prefix xs", " ".join(self.notes("n.xsd")))
+
+    def test_what_a_reference_that_leads_nowhere_says(self):
+        self.write("d.xsd", dictionary(element(1, "A")))
+        good = scheme(group(1, "G", attribute("A")))
+        for text, note in (
+                (good.replace('xmlns:e="urn:x:elements"', 'xmlns:e="urn:x:other"'),
+                 'Here e stands for "urn:x:other". An element "A" is loaded in the namespace "urn:x:elements": bind e to '
+                 "that at the root of the schema."),
+                (good.replace("e:A", "q:A"), 'The prefix q is not bound at the root of the schema. An element "A" is loaded '
+                 'in the namespace "urn:x:elements": write the reference with the prefix e.'),
+                (good.replace("e:A", "A"), 'The reference has no prefix, and no default namespace counts. An element "A" is '
+                 'loaded in the namespace "urn:x:elements": write the reference with the prefix e.'),
+                (good.replace("e:A", "e:B"), 'Here e stands for "urn:x:elements". Load the schema that declares the '
+                 "element before this one, or correct the reference.")):
+            self.write("s.xsd", text)
+            self.assertEqual(self.notes("d.xsd", "s.xsd"), [note])
 
     def test_what_the_bytes_of_a_file_are(self):
         good = dictionary(element(1, "A", documentation="\u6f22\U0001f600"))

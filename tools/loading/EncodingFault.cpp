@@ -32,7 +32,7 @@ std::string contentOf(const std::string& path) {
   return text;
 }
 
-bool startsWith(std::string_view text, std::string_view start) {
+bool beginsWith(std::string_view text, std::string_view start) {
   return text.substr(0, start.size()) == start;
 }
 
@@ -40,7 +40,7 @@ bool startsWith(std::string_view text, std::string_view start) {
 bool isUtf16(std::string_view text) {
   constexpr std::string_view starts[] = {"\xFF\xFE", "\xFE\xFF", {"<\0", 2}, {"\0<", 2}};
   return std::any_of(std::begin(starts), std::end(starts),
-                     [&](std::string_view start) { return startsWith(text, start); });
+                     [&](std::string_view start) { return beginsWith(text, start); });
 }
 
 /// The encoding that the XML declaration names, in small letters; empty when it names none.
@@ -94,7 +94,7 @@ std::string hexadecimal(char byte) {
 std::optional<PlacedNote> firstForeignByte(const Templates::WideString& path, std::string_view text) {
   std::uint32_t line = 1;
   std::uint32_t column = 1;
-  std::size_t i = startsWith(text, utf8Mark) ? utf8Mark.size() : 0;
+  std::size_t i = beginsWith(text, utf8Mark) ? utf8Mark.size() : 0;
   while (i < text.size()) {
     const std::size_t size = sizeOfCharacter(text.substr(i));
     if (size == 0) {
@@ -110,7 +110,7 @@ std::optional<PlacedNote> firstForeignByte(const Templates::WideString& path, st
 }
 
 std::string remedyOfUtf16(const std::string& declared) {
-  if (declared.empty() || startsWith(declared, "utf-16") || startsWith(declared, "ucs-2")) return {};
+  if (declared.empty() || beginsWith(declared, "utf-16") || beginsWith(declared, "ucs-2")) return {};
   return "The file is in UTF-16, but its first line declares " + declared +
          ": declare encoding=\"UTF-16\" there, or save it as UTF-8.";
 }
@@ -124,7 +124,7 @@ Explanation explainBytes(const Templates::WideString& path) {
   const std::string text = contentOf(file);
   Explanation found;
   const std::string declared = declaredEncoding(text);
-  const std::size_t begin = text.find_first_not_of(blanks, startsWith(text, utf8Mark) ? utf8Mark.size() : 0);
+  const std::size_t begin = text.find_first_not_of(blanks, beginsWith(text, utf8Mark) ? utf8Mark.size() : 0);
   if (begin == std::string::npos) {
     found.remedy = text.empty() ? "The file is empty." : "The file holds nothing but blanks.";
   } else if (isUtf16(text)) {
@@ -132,7 +132,7 @@ Explanation explainBytes(const Templates::WideString& path) {
   } else if (text[begin] != '<') {
     found.remedy = "The file is no XML: it does not begin with \"<\".";
   } else if (declared.empty() || declared == "utf-8" ||
-             startsWith(declared, "utf-16")) {  // the parser sees that it is not
+             beginsWith(declared, "utf-16")) {  // the parser sees that it is not
     const std::optional<PlacedNote> foreign = firstForeignByte(path, text);
     if (!foreign) return {};
     found.related.push_back(*foreign);

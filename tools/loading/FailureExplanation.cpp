@@ -6,6 +6,7 @@
 #include "loading/Annotations.h"
 #include "loading/DuplicateDeclarations.h"
 #include "loading/EncodingFault.h"
+#include "loading/MissingElement.h"
 #include "loading/NothingLoaded.h"
 #include "loading/SchemaDocument.h"
 #include "text/Unicode.h"
@@ -198,18 +199,9 @@ std::string remedyOfDuplicateSet(const Case& /*fault*/) {
   return "Give one of the two another key, or load only one of their schemes.";
 }
 
-std::string remedyOfMissingElement(const Case& fault) {
-  const auto& loads = fault.outcome.loads;
-  if (std::any_of(loads.begin(), loads.end(), [](const LoadRecord& before) {
-        return before.failure && before.file.kind == FileKind::Dictionary;
-      })) {
-    return "First correct what failed to load before: it may declare the element.";
-  }
-  const MetaMetadata::Dictionary& dictionary = fault.outcome.dictionary;
-  if (dictionary.metaElementBegin() == dictionary.metaElementEnd()) {
-    return "Groups refer to elements, and none are loaded: give their schemas with --dictionary before it.";
-  }
-  return "Load the schema that declares the element before this one, or correct the reference.";
+std::string remedyOfReference(const Case& fault) {
+  const WideString reference = fault.value.substr(0, fault.value.find(L' '));
+  return remedyOfMissingElement(fault.failure(), reference, fault.outcome);
 }
 
 /// What to say of failures of a class of which the message begins so, or holds that if it begins with "*".
@@ -227,7 +219,7 @@ constexpr Row rows[] = {
     {"SAXParseException", L"", remedyOfXml},
     {"MetaElementAlreadyLoaded", L"", remedyOfDuplicateElement},
     {"MetaMetadataSetAlreadyLoaded", L"", remedyOfDuplicateSet},
-    {"NotFound", L"", remedyOfMissingElement},
+    {"NotFound", L"The ", remedyOfReference},
     {"InvalidULDesignator", L"", remedyOfIdentifier},
     {"TypeNotSupportedException", L"", remedyOfType},
     {"InvalidMetaElementDeclaration", L"MetaElement without UniversalLabel.", remedyOfElementLabel},
