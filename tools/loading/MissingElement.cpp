@@ -84,16 +84,16 @@ std::string remedyOfMissingElement(const Failure& failure, const WideString& ref
   const WideString prefix = hasPrefix ? reference.substr(0, colon) : WideString();
   const auto binding = hasPrefix ? prefixes.find(prefix) : prefixes.end();
 
-  std::string text = "The reference has no prefix, and no default namespace counts. ";
-  if (hasPrefix) text = "The prefix " + narrow(prefix) + " is not bound at the root of the schema. ";
-  if (binding != prefixes.end()) text = "Here " + narrow(prefix) + " stands for " + inQuotes(binding->second) + ". ";
+  std::string text = "The reference has no prefix, and no default namespace counts.";
+  if (hasPrefix) text = "The prefix " + narrow(prefix) + " is not bound at the root of the schema.";
+  if (binding != prefixes.end()) text = "Here " + narrow(prefix) + " stands for " + inQuotes(binding->second) + ".";
 
   const WideString name = reference.substr(hasPrefix ? colon + 1 : 0);
   const std::set<WideString> declaring = namespacesOf(name, outcome.dictionary);
   if (declaring.empty() || (binding != prefixes.end() && declaring.count(binding->second) > 0)) {
-    return text + remedyOfAbsence(outcome);
+    return remedyOfAbsence(outcome) + ' ' + text;
   }
-  return text + "An element " + inQuotes(name) + " is loaded in the namespace " + inQuotes(*declaring.begin()) + ": " +
+  return text + " An element " + inQuotes(name) + " is loaded in the namespace " + inQuotes(*declaring.begin()) + ": " +
          howToReach(*declaring.begin(), prefix, prefixes) + ".";
 }
 
