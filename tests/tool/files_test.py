@@ -220,8 +220,12 @@ class Explanations(ToolTest):
         (self.folder / "d").mkdir()
         for name, expected in (("d", "directory"), ("dx", "is not there")):
             self.assertIn(expected, " ".join(self.notes(name)))
-        self.write("n.xsd", "<schema xmlns='http://www.w3.org/2001/XMLSchema' targetNamespace='urn:x'/>")
-        self.assertIn("must bind the prefix xs", " ".join(self.notes("n.xsd")))
+        for kind, root, note in (("--dictionary", "schema xmlns='http://www.w3.org/2001/XMLSchema'", "the root must bind"),
+                                 ("--scheme", "x:schema xmlns:x='http://www.w3.org/2001/XMLSchema'", "the root must bind"),
+                                 ("--dictionary", "html", 'The file is no XML Schema: its root is "html".')):
+            self.write("n.xsd", f"<!-- -->\n <{root} targetNamespace='urn:x'/>")
+            errors = self.run_tool("dump", kind, "n.xsd")[2].decode()
+            self.assertRegex(errors, r"\An\.xsd:2:2: error: .*No namespace for prefix 'xs'.*\nn\.xsd:2:2: note: .*" + note)
 
     def test_what_a_reference_that_leads_nowhere_says(self):
         self.write("d.xsd", dictionary(element(1, "A")))

@@ -13,12 +13,14 @@
 
 #include <MetaMetadata/AttributeRequiredStatus.h>
 #include <Utils/TextConversion.h>
+#include <XMLUtils/SourcePosition.h>
 #include <XMLUtils/TextConversion.h>
 
 #include <xercesc/dom/DOMNodeList.hpp>
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -81,8 +83,20 @@ std::string remedyOfIoError(const Case& fault) {
          (path == fault.record.file.path ? "." : " in the schemaLocation of the import.");
 }
 
-std::string remedyOfPrefix(const Case& /*fault*/) {
-  return "The schema must bind the prefix xs: xmlns:xs=\"http://www.w3.org/2001/XMLSchema\".";
+constexpr std::u16string_view schemaNamespace = u"http://www.w3.org/2001/XMLSchema";
+constexpr std::wstring_view unboundPrefix = L"No namespace for prefix 'xs'";  // the one that the loader's queries use
+
+std::string remedyOfPrefix(const Case& fault) {
+  std::string isNoSchema;
+  atFault(fault, [&](const DOMElement& root) {
+    const XMLCh* uri = root.getNamespaceURI();
+    if (isNamed(root, u"schema") && uri != nullptr && uri == schemaNamespace) return;
+    isNoSchema = "The file is no XML Schema: its root is " + quoted(XMLUtils::toWstring(root.getNodeName())) + ".";
+  });
+  if (!isNoSchema.empty()) return isNoSchema;
+  return "Schemas are searched with the prefix xs, so that the root must bind it, beside any other prefix: "
+         "xmlns:xs=\"" +
+         narrowSource(schemaNamespace) + "\".";
 }
 
 std::string remedyOfXml(const Case& fault) {
@@ -268,6 +282,18 @@ WideString valueAfter(const Row& row, const Failure& failure) {
 }
 
 }  // namespace
+
+void findPlace(const SchemaFile& file, Failure& failure) {
+  if (failure.place.isKnown() || failure.message.find(unboundPrefix) == WideString::npos) return;
+  const WideString path = Utils::stringToWstring(file.path.c_str());
+  lookInto(path, [&](const xercesc::DOMDocument& document) {
+    const DOMElement& root = *document.getDocumentElement();
+    const XMLCh* bound = root.lookupNamespaceURI(u"xs");
+    if (bound != nullptr) return;  // then it is an import that does not bind it
+    const XMLUtils::SourcePosition position = XMLUtils::positionOf(root);
+    failure.place = {std::make_shared<const WideString>(path), position.line, position.column};
+  });
+}
 
 Explanation explainFailure(const LoadRecord& record, const LoadOutcome& outcome, bool withAbstractGroups) {
   const Failure& failure = *record.failure;
