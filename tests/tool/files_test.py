@@ -2,13 +2,15 @@
 import json
 import os
 import re
+import shutil
+import subprocess
 import unittest
 
 import jsonschema
 
 from json_test import SCHEMA
-from support import (REGISTRY_MULTIPLEX, URN_MULTIPLEX, ToolTest, attribute, dictionary, element, group, key, label,
-                     multiplex, scheme)
+from support import (REGISTRY_MULTIPLEX, SOURCE, TOOL, URN_MULTIPLEX, ToolTest, attribute, dictionary, element, group, key,
+                     label, multiplex, scheme)
 
 
 class Order(ToolTest):
@@ -160,6 +162,18 @@ class KindAndFlavour(ToolTest):
         same = self.run_tool("dump", "--keep-going", "--dictionary", "r/d.xsd", "--scheme", "r/s.xsd")[2].decode()
         self.assertEqual((same.count("[wrong-file]"), same.count("note: Add --multiplex")), (2, 1))
 
+    def test_the_installed_multiplex_is_advised_where_none_lies_beside(self):
+        installed = self.folder.resolve() / "prefix/share/tesselmxf/schemas/registry/multiplex.xsd"
+        tool = self.folder / "prefix/bin/mxf-metadict"
+        for file, source in ((tool, TOOL), (installed, SOURCE / "schemas/registry/multiplex.xsd")):
+            file.parent.mkdir(parents=True)
+            shutil.copy(source, file)
+        (self.folder / "r/multiplex.xsd").unlink()
+        advice = subprocess.run([tool, "dump", "--dictionary", "r/d.xsd"], cwd=self.folder, stderr=subprocess.PIPE,
+                                check=False, timeout=120).stderr.decode().splitlines()[1]
+        self.assertEqual(advice, f"r/d.xsd: note: Add --multiplex {installed}.")
+        self.assertEqual(len(self.dump("--multiplex", str(installed), "--dictionary", "r/d.xsd")["elements"]), 2)
+
     def test_warnings(self):
         there = "no declaration at its top level has the annotation that marks one, in either flavour"
         empty = "plain.xsd: error: no element was loaded from this file or those before it [empty-dictionary]\n"
@@ -178,7 +192,9 @@ class KindAndFlavour(ToolTest):
         for name, note in (("d.xsd", "It declares 2 elements: give it with --dictionary."),
                            ("r/s.xsd", "It declares 1 group: give it with --scheme."),
                            ("plain.xsd", f"A multiplex schema has the target namespace {URN_MULTIPLEX} or "
-                                         f"{REGISTRY_MULTIPLEX}.")):
+                                         f"{REGISTRY_MULTIPLEX}, and nothing else of it matters: for schemas in the "
+                                         "registry flavour, whatever their edition, give schemas/registry/multiplex.xsd of "
+                                         "this program; for those in the URN flavour none is needed.")):
             status, output, errors = self.run_tool("dump", "--multiplex", name, "--dictionary", "d.xsd")
             self.assertEqual((status, output), (1, b""))
             self.assertEqual(errors.decode().splitlines()[1], f"{name}: note: {note}")
