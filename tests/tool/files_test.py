@@ -10,7 +10,7 @@ import jsonschema
 
 from json_test import SCHEMA
 from support import (REGISTRY_MULTIPLEX, SOURCE, TOOL, URN_MULTIPLEX, ToolTest, attribute, dictionary, element, group, key,
-                     label, multiplex, scheme)
+                     label, multiplex, reference, scheme)
 
 
 class Order(ToolTest):
@@ -213,7 +213,15 @@ class Explanations(ToolTest):
         good = element(2, "B")
         elements = {
             "An element with this label": good + good, 'Neither a label nor a key: " 06"': good.replace(label(2), " 06"),
-            'The element has the type "t:Nothing".': element(2, "B", "Nothing"),
+            "Neither a label nor a key: " + f'"{label(2)[3:]}". Write a label or key as 16 bytes of two hexadecimal digits, '
+            "joined by dots; this has 15.": good.replace(label(2), label(2)[3:]),
+            'The element has the type "t:Nothing", which is no data type; types that a schema names':
+                element(2, "B", "Nothing"),
+            'The type inside the element extends "t:Nothing"': reference(2, "B").replace("StrongRefHolder", "Nothing"),
+            'The element has the type "t:Array" itself; write an anonymous type': element(2, "B", "Array"),
+            'The element within the collection has the type "t:Nothing"': reference(2, "B").replace(
+                "StrongRefHolder", "Array").replace("<xs:choice></xs:choice>", '<xs:sequence><xs:element name="I" '
+                                                    'type="t:Nothing"/></xs:sequence>'),
             "Dictionary:ElementName": good.replace("ElementName", "Name"),
             "Dictionary:ElementUL": good.replace(label(2), "")}
         abstract = group(1, "G").replace('type="g:GType"', 'type="g:GType" abstract="true"')

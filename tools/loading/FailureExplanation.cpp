@@ -147,30 +147,49 @@ std::string remedyOfStatus(const Case& fault) {
          ".";
 }
 
-/// The name of the type that an element declaration has, or else that the type within it is made from.
-WideString declaredTypeOf(const DOMElement& declaration) {
-  if (declaration.hasAttribute(u"type")) return XMLUtils::toWstring(declaration.getAttribute(u"type"));
+/// The first element within that has the attribute, or null.
+const DOMElement* firstWith(const XMLCh* attribute, const DOMElement& declaration) {
   const xercesc::DOMNodeList* inner = declaration.getElementsByTagName(u"*");
   for (XMLSize_t i = 0; i < inner->getLength(); ++i) {
     const auto& element = static_cast<const DOMElement&>(*inner->item(i));
-    if (element.hasAttribute(u"base")) return XMLUtils::toWstring(element.getAttribute(u"base"));
+    if (element.hasAttribute(attribute)) return &element;
   }
-  return {};
+  return nullptr;
 }
+
+constexpr const char* dataTypeAdvice = "one of the data types of the standard by its name, such as UInt32";
 
 std::string remedyOfType(const Case& fault) {
-  std::string has = "The element has no type.";
+  const std::string advice =
+      std::string("Give it ") + dataTypeAdvice +
+      ", UTF16String, UUID or Rational, or, for a collection or reference, an anonymous type inside the element, an "
+      "xs:complexType that extends Array, Batch or StrongRefHolder.";
+  std::string has = "The element has no type. ";
   atFault(fault, [&](const DOMElement& element) {
-    const WideString type = declaredTypeOf(element);
-    if (!type.empty()) has = "The element has the type " + quoted(type) + ".";
+    if (element.hasAttribute(u"type")) {
+      has = "The element has the type " + quoted(XMLUtils::toWstring(element.getAttribute(u"type"))) +
+            ", which is no data type; types that a schema names itself or imports are not followed. ";
+    } else if (const DOMElement* extension = firstWith(u"base", element)) {
+      has = "The type inside the element extends " + quoted(XMLUtils::toWstring(extension->getAttribute(u"base"))) +
+            ", which is no data type. ";
+    }
   });
-  return has +
-         " Give it one of the data types of the standard by its name, such as UInt32, UTF16String, UUID, Rational, or "
-         "as the base of a type of its own Array, Batch or StrongRefHolder.";
+  return has + advice;
 }
 
-std::string remedyOfItemType(const Case& /*fault*/) {
-  return "Give the element within the collection one of the data types of the standard by its name, such as UInt32.";
+std::string remedyOfItemType(const Case& fault) {
+  std::string has = "No element within the collection has a type. ";
+  atFault(fault, [&](const DOMElement& element) {
+    if (element.hasAttribute(u"type")) {
+      has = "The element has the type " + quoted(XMLUtils::toWstring(element.getAttribute(u"type"))) +
+            " itself; write an anonymous type inside the element instead, an xs:complexType that extends it and has an "
+            "xs:sequence with one element. ";
+    } else if (const DOMElement* item = firstWith(u"type", element)) {
+      has = "The element within the collection has the type " +
+            quoted(XMLUtils::toWstring(item->getAttribute(u"type"))) + ", which is none that items can have. ";
+    }
+  });
+  return has + "Give the element within " + dataTypeAdvice + ".";
 }
 
 std::string remedyOfItemName(const Case& /*fault*/) {
@@ -178,7 +197,11 @@ std::string remedyOfItemName(const Case& /*fault*/) {
 }
 
 std::string remedyOfIdentifier(const Case& fault) {
-  return blanksAround(fault.value) + "Write a label or key as 16 bytes of two hexadecimal digits, joined by dots.";
+  const WideString& text = fault.value;
+  const bool isDotted = !text.empty() && text.find_first_not_of(L"0123456789ABCDEFabcdef.") == WideString::npos;
+  const auto bytes = std::count(text.begin(), text.end(), L'.') + 1;
+  return blanksAround(text) + "Write a label or key as 16 bytes of two hexadecimal digits, joined by dots" +
+         (isDotted && bytes != 16 ? "; this has " + std::to_string(bytes) + "." : ".");
 }
 
 std::string remedyOfLocalTag(const Case& fault) {
