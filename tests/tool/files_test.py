@@ -242,7 +242,8 @@ class Explanations(ToolTest):
             self.write("s.xsd", scheme(text))
             self.assertIn(expected, " ".join(self.notes("d.xsd", "s.xsd", options=["--abstract-groups"])))
         (self.folder / "d").mkdir()
-        for name, expected in (("d", "directory"), ("dx", "is not there")):
+        os.mkfifo(self.folder / "dfifo")
+        for name, expected in (("d", "directory"), ("dx", "is not there"), ("dfifo", "only regular files are read")):
             self.assertIn(expected, " ".join(self.notes(name)))
         for kind, root, note in (("--dictionary", "schema xmlns='http://www.w3.org/2001/XMLSchema'", "the root must bind"),
                                  ("--scheme", "x:schema xmlns:x='http://www.w3.org/2001/XMLSchema'", "the root must bind"),

@@ -78,7 +78,11 @@ std::string remedyOfIoError(const Case& fault) {
   const std::string what = path == fault.record.file.path ? "The file" : "The imported file";
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored)) return what + " is a directory; name a file in it.";
-  if (std::filesystem::exists(path, ignored)) return what + " is there, but cannot be read.";
+  const bool isThere = std::filesystem::exists(path, ignored);
+  if (isThere && !std::filesystem::is_regular_file(path, ignored)) {
+    return what + " is a pipe or device; only regular files are read, so write its content into one.";
+  }
+  if (isThere) return what + " is there, but this user may not read it.";
   return what + " is not there; check its name" +
          (path == fault.record.file.path ? "." : " in the schemaLocation of the import.");
 }
@@ -198,10 +202,11 @@ std::string remedyOfItemName(const Case& /*fault*/) {
 
 std::string remedyOfIdentifier(const Case& fault) {
   const WideString& text = fault.value;
+  constexpr std::ptrdiff_t size = 16;
   const bool isDotted = !text.empty() && text.find_first_not_of(L"0123456789ABCDEFabcdef.") == WideString::npos;
   const auto bytes = std::count(text.begin(), text.end(), L'.') + 1;
   return blanksAround(text) + "Write a label or key as 16 bytes of two hexadecimal digits, joined by dots" +
-         (isDotted && bytes != 16 ? "; this has " + std::to_string(bytes) + "." : ".");
+         (isDotted && bytes > 1 && bytes != size ? "; this has " + std::to_string(bytes) + "." : ".");
 }
 
 std::string remedyOfLocalTag(const Case& fault) {
