@@ -21,10 +21,10 @@ constexpr std::size_t largestFile = std::size_t{64} << 20U;  // what is larger i
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view blanks = " \t\r\n";
 
-std::string contentOf(const std::string& path) {
-  std::error_code ignored;
-  const std::uintmax_t size = std::filesystem::file_size(path, ignored);
-  if (ignored || size > largestFile) return {};
+std::optional<std::string> contentOf(const std::string& path) {
+  std::error_code failed;
+  const std::uintmax_t size = std::filesystem::file_size(path, failed);  // of regular files only
+  if (failed || size > largestFile) return std::nullopt;
   std::ifstream file(path, std::ios::binary);
   std::string text(static_cast<std::size_t>(size), '\0');
   file.read(text.data(), static_cast<std::streamsize>(size));
@@ -54,8 +54,9 @@ std::string declaredEncoding(std::string_view text) {
   const std::size_t open = declaration.find_first_of("\"'", encoding);
   if (encoding == std::string::npos || open == std::string::npos) return {};
   std::string name = declaration.substr(open + 1, declaration.find(declaration[open], open + 1) - open - 1);
-  std::transform(name.begin(), name.end(), name.begin(),
-                 [](char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter; });
+  std::transform(name.begin(), name.end(), name.begin(), [](char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+  });
   return name;
 }
 
@@ -119,9 +120,9 @@ std::string remedyOfUtf16(const std::string& declared) {
 
 Explanation explainBytes(const Templates::WideString& path) {
   const std::string file = narrow(path);
-  std::error_code ignored;
-  if (!std::filesystem::is_regular_file(file, ignored)) return {};
-  const std::string text = contentOf(file);
+  const std::optional<std::string> content = contentOf(file);
+  if (!content) return {};
+  const std::string& text = *content;
   Explanation found;
   const std::string declared = declaredEncoding(text);
   const std::size_t begin = text.find_first_not_of(blanks, beginsWith(text, utf8Mark) ? utf8Mark.size() : 0);
