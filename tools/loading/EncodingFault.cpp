@@ -116,6 +116,11 @@ std::string remedyOfUtf16(const std::string& declared) {
          ": declare encoding=\"UTF-16\" there, or save it as UTF-8.";
 }
 
+/// Of bytes that are not UTF-16: the parser sees that, whatever is declared.
+bool isReadAsUtf8(const std::string& declared) {
+  return declared.empty() || declared == "utf-8" || beginsWith(declared, "utf-16");
+}
+
 }  // namespace
 
 Explanation explainBytes(const Templates::WideString& path) {
@@ -132,8 +137,7 @@ Explanation explainBytes(const Templates::WideString& path) {
     found.remedy = remedyOfUtf16(declared);
   } else if (text[begin] != '<') {
     found.remedy = "The file is no XML: it does not begin with \"<\".";
-  } else if (declared.empty() || declared == "utf-8" ||
-             beginsWith(declared, "utf-16")) {  // the parser sees that it is not
+  } else if (isReadAsUtf8(declared)) {
     const std::optional<PlacedNote> foreign = firstForeignByte(path, text);
     if (!foreign) return {};
     found.related.push_back(*foreign);
