@@ -43,8 +43,9 @@ void declareOutputOptions(CLI::App& subcommand, const std::vector<std::string>& 
 /// @throws std::system_error  it could not be written.
 void writeResult(const OutputOptions& options, std::string_view result);
 
-/// Whether the output would replace one of these files, under whatever name; if so, that is told.
-bool outputIsInput(const OutputOptions& options, const std::vector<std::string>& inputs);
+/// Whether the output would replace one of these files, under whatever name, or any file that is an XML Schema, since
+/// those that are read import others; if so, that is told.
+bool isOutputRefused(const OutputOptions& options, const std::vector<std::string>& inputs);
 
 /// Writes "PLACE: KIND: TEXT" as one line to the standard error stream, in colour as the options say.
 /// @param kind  Error, Warning, or Hint for a note.

@@ -4,6 +4,7 @@
 
 #include "analysis/OwnUses.h"
 #include "analysis/PendingReferences.h"
+#include "loading/Failure.h"
 #include "text/AttributeText.h"
 #include "text/ElementText.h"
 #include "text/IdentifierForm.h"
@@ -13,6 +14,7 @@
 
 #include <MetaMetadata/PropertyKeys.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace MXF::Tessel::Tool {
@@ -118,21 +120,38 @@ std::u32string basesText(const DictionaryIndex& index, const MetaMetadataSet& se
   return text + (text.empty() ? U"" : U" < ") + printable(*missing) + U" (not loaded)";
 }
 
+/// The file of an attribute that a set has of a base in another file, when that base is not in the dictionary; else
+/// empty.
+std::u32string fileOfMissingBase(const DictionaryIndex& index, const MetaMetadataSet& set,
+                                 const MetaMetadata::MetaAttribute& attribute) {
+  if (!index.missingBaseOf(set) || !attribute.origin().isKnown()) return {};
+  const Templates::WideString file = shownPath(attribute.origin().path());
+  return file == shownPath(set.origin().path()) ? std::u32string() : printable(file);
+}
+
 /// @param own  whether to list the set's own attributes or the inherited ones.
 void appendAttributes(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set, bool own) {
   std::vector<TextTable::Column> columns{{U"Tag"}, {U"Name", true}, {U"Type", true}, {U"Status"}, {U"Value", true}};
-  if (!own) columns.push_back({U"From", true});
-  TextTable table(std::move(columns));
   const std::size_t inherited = index.inheritedAttributes(set);
   const auto& attributes = set.metaAttributes();
   const std::size_t first = own ? inherited : 0;
   const std::size_t end = own ? attributes.size() : inherited;
+  std::vector<std::u32string> sources;
+  for (std::size_t i = first; i < end; ++i) {
+    const MetaMetadataSet& declaring = index.declaringSet(set, i);
+    const std::u32string file = fileOfMissingBase(index, declaring, *attributes[i]);
+    sources.push_back(file.empty() && !own ? nameText(declaring) : file);
+  }
+  const bool hasSource =
+      std::any_of(sources.begin(), sources.end(), [](const std::u32string& source) { return !source.empty(); });
+  if (hasSource) columns.push_back({U"From", true});
+  TextTable table(std::move(columns));
   for (std::size_t i = first; i < end; ++i) {
     const MetaElement& element = attributes[i]->metaElement();
     std::vector<std::u32string> cells{tagOrDash(*attributes[i]), nameText(element),
                                       typeText(element, index.dictionary()), statusText(*attributes[i]),
                                       distinguishedText(*attributes[i])};
-    if (!own) cells.push_back(nameText(index.declaringSet(set, i)));
+    if (hasSource) cells.push_back(sources[i - first]);
     table.addRow(std::move(cells));
   }
   appendHeading(page, own ? U"Own attributes" : U"Inherited attributes", end - first);
