@@ -148,6 +148,40 @@ class Check(ToolTest):
         self.assertEqual([finding["rule"] for finding in
                           self.findings("d.xsd", "s.xsd", options=["--multiplex", "m.xsd"])], ["lost-value"])
 
+    def test_values_that_are_not_read_as_they_are_written(self):
+        layout = "{" + ",".join(["{82,8}"] * 2 + ["{0,0}"] * 6) + "}"
+        cases = (  # what is read, or nothing where that is what is written
+            ("Boolean", "0", None), ("Boolean", " true", None), ("Boolean", "false", "true"), ("Boolean", "00", "true"),
+            ("UInt8", "255", None), ("UInt8", "256", "0"), ("UInt8", "0x10", "0"), ("UInt8", "-1", "255"),
+            ("Int16", " +7 ", None), ("Int16", "-32769", "32767"), ("Int32", "1.5", "1"), ("UInt64", "5 m", "5"),
+            ("Length", "-1", None), ("Rational", "{25,-1}", None), ("Rational", "{1,2,3}", "1/2"),
+            ("UTF16String", " {1 ", None), ("ISO7String", "a", None), ("UTF16", "a", None), ("UTF16", "ab", '"a"'),
+            ("UUID", "12345678-1234-1234-1234-123456789abc", None), ("RGBALayout", layout, None),
+            ("RGBALayout", layout.replace("82", "R"), None), ("RGBALayout", "zz", None), ("Items", "{1,2}", None),
+            ("Items", "{}", None), ("Items", "{1}", "{}"), ("Items", "{1,2", "{}"), ("Items", "{1,300}", "{1, 44}"),
+            ("Items", "{1,2,}", "{1, 2}"))
+        unused = "{0 0, 0 0, 0 0, 0 0, 0 0, 0 0, 0 0, 0 0}"
+        read = {layout.replace("82", "R"): unused.replace("0 0, 0 0", "0 8, 0 8", 1), "zz": unused}
+        items = ('><xs:complexType><xs:complexContent><xs:extension base="t:Array"><xs:sequence><xs:element name="I" '
+                 'type="t:UInt8"/></xs:sequence></xs:extension></xs:complexContent></xs:complexType></xs:element>')
+        elements = [element(n, f"E{n}", kind) for n, (kind, _, _) in enumerate(cases)]
+        elements = [text.replace("></xs:element>", items).replace(' type="t:Items"', "")
+                    if "t:Items" in text else text for text in elements]
+        self.write("d.xsd", dictionary(*elements))
+        self.write("s.xsd", scheme(group(1, "G", *("\n" + attribute(f"E{n}", value=text)
+                                                   for n, (_, text, _) in enumerate(cases)))))
+        found = {finding["place"]["line"] - 2: finding["message"].partition(" and was read as ")[2]
+                 for finding in self.findings("d.xsd", "s.xsd") if finding["rule"] == "doubtful-value"}
+        self.assertEqual({n: found.get(n) for n in range(len(cases))},
+                         {n: (value or read.get(text)) and f"{value or read[text]}."
+                          for n, (_, text, value) in enumerate(cases)})
+        self.write("s.xsd", scheme(group(1, "G", attribute("E4", value=""), attribute("E5", value="1<!-- -->2")
+                                         .replace("&lt;", "<").replace("&gt;", ">"))))
+        self.assertEqual([re.sub(".* set \"G\" ", "", finding["message"]) for finding in
+                          self.findings("d.xsd", "s.xsd", options=["--rule", "doubtful-value"])],
+                         ["is empty, and none was read.",
+                          'is written "12", but only "1" of it is looked at, and was read as 1.'])
+
     def test_what_the_loader_passes_over(self):
         pack = '<xs:complexType name="Pack"><xs:sequence><xs:element ref="e:A"/></xs:sequence></xs:complexType>'
         self.write("d.xsd", dictionary(element(1, "A"), element(2, "B"), reference(3, "Id", "G_REF"), reference(4, "No")))
@@ -155,7 +189,7 @@ class Check(ToolTest):
             group(1, "G", attribute("A"), '<xs:element ref="e:B"/><xs:element ref="e:None"/>', attribute("Id"),
                   attribute("No", tag_text="80.01", value="7").replace("LocalTag", "LocalTagg").replace("::", ":")),
             group(2, "H", '<xs:element ref="e:A"/>').replace("Groups:Name", "Dictionary:ElementName", 1), pack))
-        found = self.findings("d.xsd", "s.xsd", options=["--disable", "load-failed"])
+        found = self.findings("d.xsd", "s.xsd")
         groups = "urn:SMPTE:MXF:XMLInterface:Groups:"
         self.assertEqual([finding["remedy"] for finding in found if finding["rule"] == "unknown-annotation"],
                          [f'Did you mean "{groups}{name}"?' for name in ("LocalTag", ":DistinguishedValue")])
@@ -182,6 +216,9 @@ class Check(ToolTest):
         status, _, errors = self.run_tool("check", *files, "--rule", "unusedelement")
         self.assertEqual(status, 2)
         self.assertIn(b"no such rule: unusedelement; did you mean unused-element?", errors)
+        status, _, errors = self.run_tool("check", *files, "--dictionary", "none.xsd", "--disable", "load-failed")
+        self.assertEqual(status, 2)
+        self.assertIn(b"a file that was not loaded is always told: load-failed", errors)
 
     def test_text(self):
         self.write("d.xsd", dictionary(element(1, "A"), "\n", element(2, "B"), "\n", element(3, "C")))

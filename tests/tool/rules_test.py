@@ -52,6 +52,8 @@ class Rules(ToolTest):
             with self.subTest(rule):
                 found = {finding["rule"] for finding in json.loads(self.check(rule, "--format", "json")[0])["findings"]}
                 self.assertIn(rule, found)
+                if rule in ("load-failed", "wrong-file"):  # cannot be turned off
+                    continue
                 found = json.loads(self.check(rule, "--format", "json", "--disable", rule)[0])["findings"]
                 self.assertNotIn(rule, {finding["rule"] for finding in found})
 

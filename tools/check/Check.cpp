@@ -12,8 +12,9 @@ bool holds(const std::vector<std::string>& ids, const Rule& rule) {
 }
 
 bool applies(const Rule& rule, const RuleSelection& selection) {
+  if (rule.scope == Scope::Failures) return true;
   if (holds(selection.disabled, rule)) return false;
-  return rule.isAboutLoading || selection.only.empty() || holds(selection.only, rule);
+  return rule.scope == Scope::Files || selection.only.empty() || holds(selection.only, rule);
 }
 
 void addFindings(const Rule& rule, const Subject& subject, Findings& all) {

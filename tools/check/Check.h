@@ -10,7 +10,7 @@ namespace MXF::Tessel::Tool {
 /// Which rules apply.
 struct RuleSelection {
   std::vector<std::string> only;      ///< Ids of the rules to apply beside those about loading; all when empty.
-  std::vector<std::string> disabled;  ///< Ids of the rules not to apply.
+  std::vector<std::string> disabled;  ///< Ids of the rules not to apply; none of Scope::Failures.
 };
 
 /// What was examined and found.

@@ -8,7 +8,9 @@
 #include <MetaMetadata/MetaElements.h>
 #include <MetaMetadata/PropertyKeys.h>
 #include <MetaMetadata/Visitors/GetMetaElementVisitor.h>
+#include <Utils/TextConversion.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace MXF::Tessel::Tool {
@@ -19,6 +21,15 @@ namespace {
 
 Place placeIn(const Templates::WideString& path, const DeclarationPosition& position) {
   return {path, position.first, position.second};
+}
+
+/// Whether it was told of the file as a whole that it is of the other flavour.
+bool isGivenWrongly(const Templates::WideString& path, const Subject& subject) {
+  const auto& loads = subject.outcome().loads;
+  return std::any_of(loads.begin(), loads.end(), [&](const LoadRecord& load) {
+    return load.failure && load.failure->className == wrongFileClass &&
+           shownPath(Utils::stringToWstring(load.file.path.c_str())) == path;
+  });
 }
 
 template <class Holder>
@@ -38,8 +49,7 @@ Findings findUntargetedReferences(const Subject& subject) {
     if (!isWithout || !pendingReferences(*element).empty()) continue;
     // A choice may name sets by their identifiers only, which is no fault.
     const Place place = placeAt(element->origin());
-    const auto scan = subject.scans().find(place.path);
-    if (scan != subject.scans().end() && scan->second.withChoices.count({place.line, place.column}) > 0) continue;
+    if (subject.scanOf(place.path).withChoices.count({place.line, place.column}) > 0) continue;
     findings.push_back({place, "Element " + quotedName(*element) + " is a reference and names no set in a choice."});
   }
   return findings;
@@ -47,11 +57,39 @@ Findings findUntargetedReferences(const Subject& subject) {
 
 Findings findUnknownAnnotations(const Subject& subject) {
   Findings findings;
-  for (const auto& [path, scan] : subject.scans()) {
-    for (const DeclarationScan::UnknownAnnotation& unknown : scan.unknownAnnotations) {
+  for (const Templates::WideString& path : subject.schemas()) {
+    for (const DeclarationScan::UnknownAnnotation& unknown : subject.scanOf(path).unknownAnnotations) {
       findings.push_back(
           {placeIn(path, unknown.position), "The annotation \"" + unknown.source + "\" is none that is read."});
       if (!unknown.nearest.empty()) findings.back().remedy = "Did you mean \"" + unknown.nearest + "\"?";
+    }
+  }
+  return findings;
+}
+
+Findings findOtherFlavour(const Subject& subject) {
+  const Annotations& other = otherAnnotations(annotationsOf(subject.outcome().targetNamespace));
+  Findings findings;
+  for (const Templates::WideString& path : subject.schemas()) {
+    if (isGivenWrongly(path, subject)) continue;
+    for (const DeclarationScan::OtherFlavour& declaration : subject.scanOf(path).otherFlavour) {
+      const std::string name = '"' + encode(printable(declaration.name)) + '"';
+      findings.push_back(
+          {placeIn(path, declaration.position), name + " has annotations of the " + other.flavour +
+                                                    " flavour only, which are not read: " + declaration.sources + "."});
+      findings.back().name = name;
+    }
+  }
+  return findings;
+}
+
+Findings findRepeatedAnnotations(const Subject& subject) {
+  Findings findings;
+  for (const Templates::WideString& path : subject.schemas()) {
+    for (const DeclarationScan::RepeatedAnnotation& repeated : subject.scanOf(path).repeatedAnnotations) {
+      findings.push_back({placeIn(path, repeated.position),
+                          "The annotation \"" + repeated.source + "\" stands twice; only the first one is read.",
+                          {{placeIn(path, repeated.first), "this one is read"}}});
     }
   }
   return findings;
@@ -65,8 +103,8 @@ Findings findReferencesWithoutStatus(const Subject& subject) {
                      element);
   }
   Findings findings;
-  for (const auto& [path, scan] : subject.scans()) {
-    for (const DeclarationScan::PlainReference& reference : scan.plainReferences) {
+  for (const Templates::WideString& path : subject.schemas()) {
+    for (const DeclarationScan::PlainReference& reference : subject.scanOf(path).plainReferences) {
       const auto element = elements.find({printable(reference.namespaceUri), printable(reference.elementName)});
       if (element == elements.end()) continue;
       findings.push_back({placeIn(path, reference.position),

@@ -5,6 +5,8 @@
 #include <Templates/Containers.h>
 
 #include <cstdint>
+#include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -15,12 +17,32 @@ namespace MXF::Tessel::Tool {
 /// Line and column at which a declaration begins.
 using DeclarationPosition = std::pair<std::uint32_t, std::uint32_t>;
 
-/// What a document declares and the loader passes over without a word.
+/// Of the declarations of XML Schema.
+inline constexpr const char16_t* schemaNamespace = u"http://www.w3.org/2001/XMLSchema";
+
+/// What a document declares and the loader passes over without a word, or keeps in a form that does not tell.
 struct DeclarationScan {
+  struct Root {
+    DeclarationPosition position;
+    Templates::WideString namespaceUri;
+    Templates::WideString name;
+  };
   struct UnknownAnnotation {
     DeclarationPosition position;
     std::string source;
     std::string nearest;  ///< The source that was probably meant; empty when none comes near.
+  };
+  /// An annotation that stands a second time at a declaration.
+  struct RepeatedAnnotation {
+    DeclarationPosition position;
+    DeclarationPosition first;
+    std::string source;
+  };
+  /// A declaration with annotations of the other flavour that it has not in the flavour in use.
+  struct OtherFlavour {
+    DeclarationPosition position;
+    Templates::WideString name;  ///< Or what it refers to.
+    std::string sources;         ///< Their last parts, joined.
   };
   struct PlainReference {
     DeclarationPosition position;
@@ -28,10 +50,26 @@ struct DeclarationScan {
     Templates::WideString namespaceUri;
     Templates::WideString elementName;
   };
+  /// What stands at the top level.
+  struct Declaration {
+    Templates::WideString name;  ///< Its XML name without the namespace.
+    Templates::WideString key;   ///< Of a group, as it is written; empty for one without a key of the flavour in use.
+    bool isAbstract;
+  };
+  struct WrittenValue {
+    Templates::WideString read;   ///< The first text, which is all that the loader reads; empty when there is none.
+    Templates::WideString whole;  ///< All text of the annotation.
+  };
 
-  std::vector<UnknownAnnotation> unknownAnnotations;  ///< Of the flavour in use.
-  std::vector<PlainReference> plainReferences;        ///< References in complex types that have no required status.
-  std::set<DeclarationPosition> withChoices;          ///< Top-level declarations that name sets in a choice.
+  std::optional<Root> wrongRoot;  ///< The root when it is not that of an XML Schema.
+  std::map<DeclarationPosition, Declaration> declarations;
+  std::vector<UnknownAnnotation> unknownAnnotations;    ///< Of the flavour in use.
+  std::vector<RepeatedAnnotation> repeatedAnnotations;  ///< Of the flavour in use.
+  std::vector<OtherFlavour> otherFlavour;
+  /// References in complex types that have no required status, in neither flavour.
+  std::vector<PlainReference> plainReferences;
+  std::set<DeclarationPosition> withChoices;           ///< Top-level declarations that name sets in a choice.
+  std::map<DeclarationPosition, WrittenValue> values;  ///< Distinguished values, by the declarations they annotate.
 };
 
 /// Looks into a document; there is nothing to find in one that cannot be read.

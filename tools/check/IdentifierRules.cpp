@@ -75,6 +75,7 @@ Findings findElementsOfManyTags(const Subject& subject) {
          "Element " + quotedName(*second.element) + " has two local tags: " + identifierText(second.tag) + " in set " +
              quotedName(*second.set) + ", and " + identifierText(first.tag) + " in set " + quotedName(*first.set) + ".",
          {{first.place, "it has the tag " + identifierText(first.tag) + " here"}}});
+    if (first.set == second.set) findings.back().remedy = "Keep one of the two references; one set needs one of them.";
   });
   return findings;
 }

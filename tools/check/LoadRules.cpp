@@ -6,6 +6,9 @@
 
 #include <Utils/TextConversion.h>
 
+#include <map>
+#include <optional>
+
 namespace MXF::Tessel::Tool {
 
 namespace {
@@ -40,6 +43,28 @@ Finding describe(const std::vector<LoadRecord>& loads, std::size_t number) {
   return finding;
 }
 
+/// The abstract groups of a file that have keys all the same, as a list of quoted names.
+std::string abstractGroupsWithKeys(const DeclarationScan& scan) {
+  std::string names;
+  for (const auto& [position, declaration] : scan.declarations) {
+    if (!declaration.isAbstract || declaration.key.empty()) continue;
+    names += (names.empty() ? "" : ", ") + ('"' + encode(printable(declaration.name)) + '"');
+  }
+  return names;
+}
+
+std::string whyWithoutAbstractGroups(const Failure& failure, const Subject& subject) {
+  const Place place = placeAt(failure.place);
+  const auto& declarations = subject.scanOf(place.path).declarations;
+  const auto group = declarations.find({place.line, place.column});
+  if (group != declarations.end() && group->second.key.empty()) {
+    return "group \"" + encode(printable(group->second.name)) + "\" has no key of the " +
+           annotationsOf(subject.outcome().targetNamespace).flavour + " flavour";
+  }
+  return "they cannot be loaded: " + encode(withoutExtraBlanks(printable(messageWithoutPlace(failure)))) + " [" +
+         failure.className + "]";
+}
+
 bool isWrongFile(const LoadRecord& load) {
   return load.failure && load.failure->className == wrongFileClass;
 }
@@ -65,6 +90,21 @@ Findings findWrongFiles(const Subject& subject) {
   return findings;
 }
 
+Findings findWrongRoots(const Subject& subject) {
+  Findings findings;
+  for (const Templates::WideString& path : subject.schemas()) {
+    const std::optional<DeclarationScan::Root>& root = subject.scanOf(path).wrongRoot;
+    if (!root) continue;
+    const std::string given = '"' + encode(printable(root->name)) + "\" of " +
+                              (root->namespaceUri.empty() ? "no namespace"
+                                                          : "namespace " + encode(printable(root->namespaceUri)));
+    findings.push_back({{path, root->position.first, root->position.second},
+                        "The root is " + given + ", and not \"schema\" of namespace " + narrowSource(schemaNamespace) +
+                            "."});
+  }
+  return findings;
+}
+
 Findings findFilesWithoutDeclarations(const Subject& subject) {
   Findings findings;
   for (const LoadRecord& load : subject.outcome().loads) {
@@ -77,6 +117,29 @@ Findings findEmptyDictionary(const Subject& subject) {
   const auto& loads = subject.outcome().loads;
   if (!subject.elements().empty() || subject.isIncomplete() || loads.empty()) return {};
   return {{placeOf(loads.back()), "No element was loaded from this file or those before it."}};
+}
+
+Findings findLeftOutAbstractGroups(const Subject& subject) {
+  Findings findings;
+  std::map<std::string, std::size_t> known;  // many schemes may have their bases from one
+  for (const LoadRecord& load : subject.outcome().loads) {
+    if (!load.withAbstractGroups) continue;
+    const Failure& failure = *load.withAbstractGroups;
+    const Place place = failure.place.isKnown() ? placeAt(failure.place) : placeOf(load);
+    const std::string leftOut = abstractGroupsWithKeys(subject.scanOf(placeOf(load).path));
+    const std::string why = whyWithoutAbstractGroups(failure, subject);
+    const auto [finding, isNew] = known.emplace(shownPlace(failure.place, load.file.path) + why, findings.size());
+    if (isNew) {
+      findings.push_back({place, "Abstract groups are left out" +
+                                     (leftOut.empty() ? "" : " though they have keys (" + leftOut + ")") + ", since " +
+                                     why + "."});
+    }
+    if (!isNew || place.path != placeOf(load).path) {
+      findings[finding->second].related.push_back(
+          {placeOf(load), "met while loading this file" + (leftOut.empty() ? "" : ", which has " + leftOut)});
+    }
+  }
+  return findings;
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -7,8 +7,13 @@
 #include <MetaMetadata/PropertyKeys.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
+#include <map>
+#include <set>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace MXF::Tessel::Tool {
 
@@ -46,12 +51,41 @@ void addRepeatedNames(const Things& things, const std::string& noun, Findings& f
   });
 }
 
+/// The attributes of a set that are of an element it has before, each after the first one. Those among its base's are
+/// the base's.
+std::vector<std::pair<const MetaMetadata::MetaAttribute*, const MetaMetadata::MetaAttribute*>> repeatedAttributes(
+    const DictionaryIndex::Set& set, const DictionaryIndex& index) {
+  std::vector<std::pair<const MetaMetadata::MetaAttribute*, const MetaMetadata::MetaAttribute*>> repeated;
+  std::map<const MetaMetadata::MetaElement*, const MetaMetadata::MetaAttribute*> firsts;
+  const std::size_t inherited = index.inheritedAttributes(set);
+  const auto& attributes = set.metaAttributes();
+  for (std::size_t i = 0; i < attributes.size(); ++i) {
+    const auto [first, isFirst] = firsts.emplace(&attributes[i]->metaElement(), &*attributes[i]);
+    if (!isFirst && i >= inherited) repeated.emplace_back(first->second, &*attributes[i]);
+  }
+  return repeated;
+}
+
 }  // namespace
 
 Findings findSharedXmlNames(const Subject& subject) {
   Findings findings;
   addSharedXmlNames(subject.elements(), "Elements", findings);
   addSharedXmlNames(subject.sets(), "Sets", findings);
+  return findings;
+}
+
+Findings findRepeatedAttributes(const Subject& subject) {
+  Findings findings;
+  std::set<Templates::WideString> told;  // sets of which the base is not loaded have its attributes as their own
+  for (const DictionaryIndex::Set* set : subject.sets()) {
+    for (const auto& [first, second] : repeatedAttributes(*set, subject.index())) {
+      if (!told.insert(second->origin().toString()).second) continue;
+      findings.push_back({placeAt(second->origin()),
+                          "Set " + quotedName(*set) + " has element " + quotedName(second->metaElement()) + " twice.",
+                          {{placeAt(first->origin()), "it has the element here, too"}}});
+    }
+  }
   return findings;
 }
 

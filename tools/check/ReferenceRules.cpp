@@ -16,19 +16,17 @@ namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
 
-bool holdsText(const MetaMetadata::PropertyMap& map, const wchar_t* key, const Templates::WideString& text) {
-  const Templates::WideString* property = findProperty(map, key);
-  return property != nullptr && *property == text;
-}
+/// Sets by the namespaces and names that references have. Of sets of one name the first stands for all.
+using SetsByXmlName = std::map<std::pair<Templates::WideString, Templates::WideString>, const DictionaryIndex::Set*>;
 
-/// The set that a pending reference names, or null.
-const DictionaryIndex::Set* setOf(const PendingReference& reference, const Subject& subject) {
-  const auto& sets = subject.sets();
-  const auto found = std::find_if(sets.begin(), sets.end(), [&](const DictionaryIndex::Set* set) {
-    return holdsText(*set, PropertyKeys::xmlTagName, reference.setName) &&
-           holdsText(*set, PropertyKeys::xmlNamespaceURI, reference.namespaceUri);
-  });
-  return found == sets.end() ? nullptr : *found;
+SetsByXmlName setsByXmlName(const DictionaryIndex::Sets& sets) {
+  SetsByXmlName named;
+  for (const DictionaryIndex::Set* set : sets) {
+    const Templates::WideString* uri = findProperty(*set, PropertyKeys::xmlNamespaceURI);
+    const Templates::WideString* name = findProperty(*set, PropertyKeys::xmlTagName);
+    if (uri != nullptr && name != nullptr) named.emplace(std::make_pair(*uri, *name), set);
+  }
+  return named;
 }
 
 /// A reference to a set that was loaded all the same: references are resolved while a scheme is loaded.
@@ -65,11 +63,13 @@ Finding undeclaredReferences(const DictionaryIndex::Element& element, const Unde
 Findings findUnresolvedReferences(const Subject& subject) {
   Findings findings;
   if (subject.sets().empty()) return findings;
+  const SetsByXmlName sets = setsByXmlName(subject.sets());
   for (const DictionaryIndex::Element* element : subject.elements()) {
     UndeclaredSets undeclared;
     for (const PendingReference& reference : pendingReferences(*element)) {
-      if (const DictionaryIndex::Set* set = setOf(reference, subject)) {
-        findings.push_back(lateReference(*element, *set));
+      const auto set = sets.find({reference.namespaceUri, reference.setName});
+      if (set != sets.end()) {
+        findings.push_back(lateReference(*element, *set->second));
         continue;
       }
       std::string& names = undeclared[reference.namespaceUri];

@@ -8,11 +8,14 @@ namespace MXF::Tessel::Tool {
 // LoadRules.cpp
 Findings findFailedLoads(const Subject& subject);
 Findings findWrongFiles(const Subject& subject);
+Findings findWrongRoots(const Subject& subject);
 Findings findFilesWithoutDeclarations(const Subject& subject);
 Findings findEmptyDictionary(const Subject& subject);
+Findings findLeftOutAbstractGroups(const Subject& subject);
 
 // NameRules.cpp
 Findings findSharedXmlNames(const Subject& subject);
+Findings findRepeatedAttributes(const Subject& subject);
 Findings findRepeatedNames(const Subject& subject);
 
 // IdentifierRules.cpp
@@ -28,9 +31,12 @@ Findings findUnusedElements(const Subject& subject);
 // DeclarationRules.cpp
 Findings findUntargetedReferences(const Subject& subject);
 Findings findUnknownAnnotations(const Subject& subject);
+Findings findOtherFlavour(const Subject& subject);
+Findings findRepeatedAnnotations(const Subject& subject);
 Findings findReferencesWithoutStatus(const Subject& subject);
 
 // ValueRules.cpp
 Findings findLostValues(const Subject& subject);
+Findings findDoubtfulValues(const Subject& subject);
 
 }  // namespace MXF::Tessel::Tool

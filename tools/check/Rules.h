@@ -15,6 +15,13 @@ enum class Severity { Error, Warning, Note };
 /// "error", "warning" or "note".
 const char* severityName(Severity severity);
 
+/// When a rule applies.
+enum class Scope {
+  Failures,    ///< Always, since what it finds is why the rest is not there.
+  Files,       ///< It is about the files and not about the dictionary: unless it is turned off by its id.
+  Dictionary,  ///< When it is chosen, or no rule is, unless it is turned off.
+};
+
 /// One thing that schemas are examined for.
 struct Rule {
   const char* id;  ///< Lower-case words joined by hyphens. Never changes, since configurations and reports hold it.
@@ -22,8 +29,7 @@ struct Rule {
   const char* summary;  ///< What it finds: a sentence.
   const char* remedy;   ///< What to do about it: a sentence.
   Findings (*examine)(const Subject& subject);
-  /// It is about the files and not about the dictionary, and applies unless it is turned off by its id.
-  bool isAboutLoading;
+  Scope scope;
   /// What comes before the names when many findings of one file are told as one; null when each is told.
   const char* many = nullptr;
 };

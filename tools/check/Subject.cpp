@@ -9,42 +9,63 @@
 #include <algorithm>
 #include <set>
 #include <tuple>
+#include <utility>
 
 namespace MXF::Tessel::Tool {
 
-namespace {
-
-template <class List>
-List sorted(List list, const Subject& subject) {
-  std::stable_sort(list.begin(), list.end(), [&](const auto* a, const auto* b) {
-    return subject.comesBefore(placeAt(a->origin()), placeAt(b->origin()));
-  });
-  return list;
-}
-
-}  // namespace
-
 Subject::Subject(const LoadOutcome& outcome, const DictionaryIndex& index) : outcome_(outcome), index_(index) {
-  const Annotations& annotations = annotationsOf(outcome.targetNamespace);
   for (const LoadRecord& load : outcome.loads) {
     const Templates::WideString path = shownPath(Utils::stringToWstring(load.file.path.c_str()));
     const bool isNew = ranks_.emplace(path, ranks_.size()).second;
-    if (isNew && load.file.kind != FileKind::Multiplex) scans_.emplace(path, scanDeclarations(path, annotations));
+    if (isNew && load.file.kind != FileKind::Multiplex) schemas_.push_back(path);
   }
-  elements_ = sorted(index.elements(), *this);
-  sets_ = sorted(index.sets(), *this);
-  collectOwnAttributes();
 }
 
-void Subject::collectOwnAttributes() {
+/// Places are made once for each thing and not for each comparison.
+template <class List>
+List Subject::inOrder(const List& list) const {
+  using Entry = std::pair<Place, typename List::value_type>;
+  std::vector<Entry> entries;
+  for (const auto* thing : list) entries.emplace_back(placeAt(thing->origin()), thing);
+  std::stable_sort(entries.begin(), entries.end(),
+                   [&](const Entry& a, const Entry& b) { return comesBefore(a.first, b.first); });
+  List sorted;
+  for (const Entry& entry : entries) sorted.push_back(entry.second);
+  return sorted;
+}
+
+const DictionaryIndex::Elements& Subject::elements() const {
+  if (!elements_) elements_ = inOrder(index_.elements());
+  return *elements_;
+}
+
+const DictionaryIndex::Sets& Subject::sets() const {
+  if (!sets_) sets_ = inOrder(index_.sets());
+  return *sets_;
+}
+
+const Subject::OwnAttributes& Subject::ownAttributes() const {
+  if (!ownAttributes_) ownAttributes_ = collectOwnAttributes();
+  return *ownAttributes_;
+}
+
+Subject::OwnAttributes Subject::collectOwnAttributes() const {
+  OwnAttributes own;
   std::set<std::tuple<Templates::WideString, std::uint32_t, std::uint32_t>> seen;
-  for (const DictionaryIndex::Set* set : sets_) {
+  for (const DictionaryIndex::Set* set : sets()) {
     const auto& attributes = set->metaAttributes();
     for (std::size_t i = index_.inheritedAttributes(*set); i < attributes.size(); ++i) {
       const Place place = placeAt(attributes[i]->origin());
-      if (seen.emplace(place.path, place.line, place.column).second) ownAttributes_.push_back({set, &*attributes[i]});
+      if (seen.emplace(place.path, place.line, place.column).second) own.push_back({set, &*attributes[i]});
     }
   }
+  return own;
+}
+
+const DeclarationScan& Subject::scanOf(const Templates::WideString& path) const {
+  const auto known = scans_.find(path);
+  if (known != scans_.end()) return known->second;
+  return scans_.emplace(path, scanDeclarations(path, annotationsOf(outcome_.targetNamespace))).first->second;
 }
 
 bool Subject::isIncomplete() const {
@@ -52,13 +73,16 @@ bool Subject::isIncomplete() const {
   return std::any_of(loads.begin(), loads.end(), [](const LoadRecord& load) { return load.failure.has_value(); });
 }
 
+std::size_t Subject::rankOf(const Templates::WideString& path) const {
+  const auto rank = ranks_.find(path);
+  return rank == ranks_.end() ? ranks_.size() : rank->second;
+}
+
 bool Subject::comesBefore(const Place& a, const Place& b) const {
-  const auto keyOf = [&](const Place& place) {
-    const auto rank = ranks_.find(place.path);
-    return std::make_tuple(rank == ranks_.end() ? ranks_.size() : rank->second, std::cref(place.path), place.line,
-                           place.column);
-  };
-  return keyOf(a) < keyOf(b);
+  if (a.path == b.path) return std::tie(a.line, a.column) < std::tie(b.line, b.column);
+  const std::size_t rankOfA = rankOf(a.path);
+  const std::size_t rankOfB = rankOf(b.path);
+  return std::tie(rankOfA, a.path) < std::tie(rankOfB, b.path);
 }
 
 std::string quotedName(const MetaMetadata::PropertyMap& map) {

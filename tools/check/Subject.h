@@ -6,12 +6,15 @@
 #include "loading/SchemaLoading.h"
 
 #include <map>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace MXF::Tessel::Tool {
 
 /// What is examined: all that was loaded, and from what. Lists are in the order of declaration: files as they were
-/// loaded, then others, such as imports; in a file from its beginning to its end.
+/// loaded, then others, such as imports; in a file from its beginning to its end. What only some rules look at is made
+/// when it is first asked for. Not for use by several threads.
 class Subject {
  public:
   /// @param outcome  outlives the subject and does not change meanwhile; so does its dictionary's index.
@@ -19,19 +22,23 @@ class Subject {
 
   const LoadOutcome& outcome() const { return outcome_; }
   const DictionaryIndex& index() const { return index_; }
-  const DictionaryIndex::Elements& elements() const { return elements_; }
-  const DictionaryIndex::Sets& sets() const { return sets_; }
+  const DictionaryIndex::Elements& elements() const;
+  const DictionaryIndex::Sets& sets() const;
 
   /// An attribute that a set has of its own.
   struct OwnAttribute {
     const DictionaryIndex::Set* set;
     const MetaMetadata::MetaAttribute* attribute;
   };
+  using OwnAttributes = std::vector<OwnAttribute>;
   /// One for each declaration, also where several sets have the attribute because their base is not loaded.
-  const std::vector<OwnAttribute>& ownAttributes() const { return ownAttributes_; }
+  const OwnAttributes& ownAttributes() const;
 
-  /// What is in the given schemas and not in the dictionary, by the path of the schema.
-  const std::map<Templates::WideString, DeclarationScan>& scans() const { return scans_; }
+  /// The paths of the given schemas in the order in which they were loaded, each once; without the multiplex schema.
+  const std::vector<Templates::WideString>& schemas() const { return schemas_; }
+  /// What is in a schema and not in the dictionary.
+  /// @param path  of a given schema, or of an imported one.
+  const DeclarationScan& scanOf(const Templates::WideString& path) const;
 
   /// Whether any file failed to load, so that something may be missing for that reason alone.
   [[nodiscard]] bool isIncomplete() const;
@@ -39,15 +46,20 @@ class Subject {
   [[nodiscard]] bool comesBefore(const Place& a, const Place& b) const;
 
  private:
-  void collectOwnAttributes();
+  /// Rank of a path in the order of declaration.
+  std::size_t rankOf(const Templates::WideString& path) const;
+  template <class List>
+  List inOrder(const List& list) const;
+  OwnAttributes collectOwnAttributes() const;
 
   const LoadOutcome& outcome_;
   const DictionaryIndex& index_;
   std::map<Templates::WideString, std::size_t> ranks_;
-  DictionaryIndex::Elements elements_;
-  DictionaryIndex::Sets sets_;
-  std::vector<OwnAttribute> ownAttributes_;
-  std::map<Templates::WideString, DeclarationScan> scans_;
+  std::vector<Templates::WideString> schemas_;
+  mutable std::optional<DictionaryIndex::Elements> elements_;
+  mutable std::optional<DictionaryIndex::Sets> sets_;
+  mutable std::optional<OwnAttributes> ownAttributes_;
+  mutable std::map<Templates::WideString, DeclarationScan> scans_;
 };
 
 /// The registry name in quotation marks.

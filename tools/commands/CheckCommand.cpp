@@ -30,8 +30,8 @@ constexpr const char* checkDetails =
     "what is missing, clashes or was lost. Each finding has its place, what it clashes with, and what to\n"
     "do. The exit status is 1 when there are errors. SARIF is what editors and code hosts read.\n"
     "\n"
-    "Give all schemas of a dictionary together: what only others declare counts as missing. Abstract\n"
-    "groups are loaded where they have keys.\n"
+    "Give all schemas of a dictionary together: what only others declare counts as missing. The\n"
+    "abstract groups of a scheme are loaded if all of them have keys.\n"
     "\n"
     "Rules:\n";
 
@@ -70,12 +70,20 @@ std::string checkRuleId(const std::string& id) {
   return "no such rule: " + id + (near.empty() ? "" : "; did you mean " + CLI::detail::join(near, " or ") + "?");
 }
 
-void declareRuleOption(CLI::App& subcommand, const char* name, std::vector<std::string>& ids, const char* help) {
+/// The same of a rule that is to be turned off.
+std::string checkDisabledId(const std::string& id) {
+  const Rule* rule = findRule(id);
+  if (rule == nullptr) return checkRuleId(id);
+  return rule->scope == Scope::Failures ? "a file that was not loaded is always told: " + id : "";
+}
+
+void declareRuleOption(CLI::App& subcommand, const char* name, std::vector<std::string>& ids, const char* help,
+                       std::string (*checkId)(const std::string& id)) {
   const auto append = [&ids](const std::string& id) { ids.push_back(id); };
   subcommand.add_option_function<std::string>(name, append, help)
       ->type_name("RULE")
       ->trigger_on_parse()
-      ->check(checkRuleId);
+      ->check(checkId);
 }
 
 std::string write(const CheckResult& result, const CheckRequest& request) {
@@ -110,9 +118,9 @@ void declareCheck(CLI::App& tool, Action& action) {
   subcommand.get_option("--quiet")->description(
       "Only errors, with --strict also warnings, in text: no notes,\nno summary");
   declareRuleOption(subcommand, "--rule", request->rules.only,
-                    "Apply this rule only, beside those about loading;\nmay be given many times");
+                    "Apply this rule only, beside those about loading;\nmay be given many times", checkRuleId);
   declareRuleOption(subcommand, "--disable", request->rules.disabled,
-                    "Do not apply this rule; may be given many times");
+                    "Do not apply this rule; may be given many times", checkDisabledId);
   subcommand.add_flag("--strict", request->isStrict, "Exit with status 1 when there are warnings, too");
   declareFileOptions(subcommand, request->load);
   subcommand.callback([request, &action] {

@@ -55,6 +55,10 @@ const Annotations& annotationsOf(const Templates::WideString& flavour) {
   return flavour == urnMultiplexNamespace ? urnAnnotations : registryAnnotations;
 }
 
+const Annotations& otherAnnotations(const Annotations& annotations) {
+  return &annotations == &urnAnnotations ? registryAnnotations : urnAnnotations;
+}
+
 std::string narrowSource(std::u16string_view source) {
   std::string text;
   for (const char16_t character : source) text += static_cast<char>(character);

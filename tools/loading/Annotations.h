@@ -33,6 +33,9 @@ extern const Annotations registryAnnotations;
 /// @param flavour  its multiplex namespace.
 const Annotations& annotationsOf(const Templates::WideString& flavour);
 
+/// Those of the other flavour than the given one.
+const Annotations& otherAnnotations(const Annotations& annotations);
+
 /// A source as UTF-8.
 std::string narrowSource(std::u16string_view source);
 

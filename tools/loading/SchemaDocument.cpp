@@ -10,7 +10,6 @@
 
 #include <xercesc/dom/DOMImplementation.hpp>
 #include <xercesc/dom/DOMLSParser.hpp>
-#include <xercesc/dom/DOMNodeList.hpp>
 
 namespace MXF::Tessel::Tool {
 
@@ -27,13 +26,14 @@ void lookInto(const Templates::WideString& path, const std::function<void(const 
 }
 
 const DOMElement* elementAt(const xercesc::DOMDocument& document, std::uint32_t line, std::uint32_t column) {
-  const xercesc::DOMNodeList* elements = document.getElementsByTagName(u"*");
-  for (XMLSize_t i = 0; i < elements->getLength(); ++i) {
-    const auto& element = static_cast<const DOMElement&>(*elements->item(i));
+  const DOMElement* found = nullptr;
+  const auto look = [&](const DOMElement& element) {
     const XMLUtils::SourcePosition position = XMLUtils::positionOf(element);
-    if (position.line == line && position.column == column) return &element;
-  }
-  return nullptr;
+    if (found == nullptr && position.line == line && position.column == column) found = &element;
+  };
+  look(*document.getDocumentElement());
+  forEachWithin(*document.getDocumentElement(), look);
+  return found;
 }
 
 bool isNamed(const xercesc::DOMElement& element, std::u16string_view localName) {

@@ -30,6 +30,22 @@ void forEachChild(const xercesc::DOMElement& parent, const Action& action) {
   }
 }
 
+/// Calls the action with each element below the given one, in the order of the document. The lists of the parser's own
+/// are no substitute: each one that is asked for makes all that are asked for later slower.
+template <class Action>
+void forEachWithin(const xercesc::DOMElement& root, const Action& action) {
+  const xercesc::DOMElement* element = root.getFirstElementChild();
+  while (element != nullptr) {
+    action(*element);
+    const xercesc::DOMElement* next = element->getFirstElementChild();
+    while (next == nullptr && element != &root) {
+      next = element->getNextElementSibling();
+      if (next == nullptr) element = static_cast<const xercesc::DOMElement*>(element->getParentNode());
+    }
+    element = next;
+  }
+}
+
 /// The text of the first appinfo of that source that annotates a declaration; nothing when there is none.
 std::optional<Templates::WideString> annotationOf(const xercesc::DOMElement& declaration, std::u16string_view source);
 

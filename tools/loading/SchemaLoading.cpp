@@ -7,6 +7,7 @@
 #include <Utils/TextConversion.h>
 
 #include <iterator>
+#include <utility>
 
 namespace MXF::Tessel::Tool {
 
@@ -41,17 +42,19 @@ std::size_t countDeclared(FileKind kind, const MetaMetadata::Dictionary& diction
   return static_cast<std::size_t>(count);
 }
 
-std::optional<Failure> tryToLoad(XSDDictionaryLoader2& loader, const SchemaFile& file, const LoadRequest& request,
-                                 MetaMetadata::Dictionary& dictionary) {
+void tryToLoad(XSDDictionaryLoader2& loader, LoadRecord& record, const LoadRequest& request,
+               MetaMetadata::Dictionary& dictionary) {
   const bool mayDoWithout = request.abstractGroupsIfPossible && !request.abstractGroups;
   loader.loadAbstractGroups(request.abstractGroups || request.abstractGroupsIfPossible);
-  const std::size_t before = countDeclared(file.kind, dictionary);
-  std::optional<Failure> failure = failureOf([&] { loadFile(loader, file, dictionary); });
-  if (!failure || !mayDoWithout || file.kind != FileKind::Scheme) return failure;
+  const std::size_t before = countDeclared(record.file.kind, dictionary);
+  record.failure = failureOf([&] { loadFile(loader, record.file, dictionary); });
+  if (!record.failure || !mayDoWithout || record.file.kind != FileKind::Scheme) return;
   // What got into the dictionary would be in the way of itself.
-  if (countDeclared(file.kind, dictionary) != before) return failure;
+  if (countDeclared(record.file.kind, dictionary) != before) return;
   loader.loadAbstractGroups(false);
-  return failureOf([&] { loadFile(loader, file, dictionary); });
+  std::optional<Failure> failure = failureOf([&] { loadFile(loader, record.file, dictionary); });
+  if (!failure) record.withAbstractGroups = std::move(record.failure);
+  record.failure = std::move(failure);
 }
 
 void explainNothing(LoadRecord& record, const LoadRequest& request, const LoadOutcome& outcome) {
@@ -79,7 +82,9 @@ std::optional<std::size_t> sameFailureBefore(const Failure& failure, const std::
 LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, const LoadRequest& request,
                         LoadOutcome& outcome) {
   const std::size_t before = countDeclared(file.kind, outcome.dictionary);
-  LoadRecord record{file, tryToLoad(loader, file, request, outcome.dictionary), {}, std::nullopt, std::nullopt};
+  LoadRecord record;
+  record.file = file;
+  tryToLoad(loader, record, request, outcome.dictionary);
   outcome.targetNamespace = loader.getTargetNamespace();
   if (record.failure) {
     findPlace(file, *record.failure);

@@ -45,6 +45,8 @@ struct LoadRecord {
   Explanation explanation;             ///< Of the failure.
   std::optional<std::size_t> sameAs;   ///< Number of the load that met the same fault of the same document before.
   std::optional<std::string> warning;  ///< Why a load that may be meant so added nothing; the rest of a sentence.
+  /// Why the file failed to load with abstract groups, when it was loaded without them after that.
+  std::optional<Failure> withAbstractGroups;
 };
 
 /// What loading left behind. After a failure the dictionary holds what the loads before it, and the failed load itself,
