@@ -39,8 +39,7 @@ void appendFact(std::string& page, std::u32string what, const std::u32string& te
 }
 
 std::u32string titleOf(const MetaMetadataSet& set) {
-  const bool isAbstract = propertyText(set, PropertyKeys::isAbstract) == U"true";
-  return nameText(set) + (isAbstract ? U" (abstract)" : U"");
+  return nameText(set) + (isAbstract(set) ? U" (abstract)" : U"");
 }
 
 template <class List, class ToText>
@@ -50,7 +49,7 @@ std::u32string listed(const List& list, const char32_t* separator, const ToText&
   return text;
 }
 
-std::u32string namesOf(const DictionaryIndex::Sets& sets) {
+std::u32string setNames(const DictionaryIndex::Sets& sets) {
   return listed(sets, U", ", [](const MetaMetadataSet* set) { return titleOf(*set); });
 }
 
@@ -74,7 +73,7 @@ void appendUses(std::string& page, const DictionaryIndex& index, const MetaEleme
   const std::vector<OwnUse> uses = ownUsesOf(index, element);
   for (const OwnUse& use : uses) {
     std::vector<std::u32string> notes;
-    if (!use.heirs.empty()) notes.push_back(U"inherited by " + namesOf(use.heirs));
+    if (!use.heirs.empty()) notes.push_back(U"inherited by " + setNames(use.heirs));
     table.addRow(
         {titleOf(*use.set), tagOrDash(*use.attribute), statusText(*use.attribute), distinguishedText(*use.attribute)},
         notes);
@@ -165,7 +164,8 @@ void appendReferences(std::string& page, const DictionaryIndex& index, const Met
   targets.insert(targets.begin(), &set);
   for (const MetaMetadataSet* target : targets) {
     for (const MetaElement* element : index.referencesTo(*target)) {
-      table.addRow({nameText(*element), dataTypeText(*element), namesOf(holdersOf(index, *element)), titleOf(*target)});
+      table.addRow(
+          {nameText(*element), dataTypeText(*element), setNames(holdersOf(index, *element)), titleOf(*target)});
       ++count;
     }
   }
@@ -177,7 +177,7 @@ void appendSet(std::string& page, const DictionaryIndex& index, const MetaMetada
   appendParagraph(page, 0, U"Set: " + titleOf(set), Style::Heading);
   appendFact(page, U"Key", printable(set.key().toString(textForm)));
   appendFact(page, U"Derived from", basesText(index, set));
-  appendFact(page, U"Base of", namesOf(index.derivedFrom(set)));
+  appendFact(page, U"Base of", setNames(index.derivedFrom(set)));
   appendNames(page, set);
   appendFact(page, U"Documentation", withoutExtraBlanks(propertyText(set, PropertyKeys::documentation)));
   appendOrigin(page, set);
