@@ -31,7 +31,7 @@ using xercesc::DOMElement;
 
 namespace {
 
-std::string quoted(const WideString& text) {
+std::string inQuotes(const WideString& text) {
   return '"' + narrow(text) + '"';
 }
 
@@ -95,7 +95,7 @@ std::string remedyOfPrefix(const Case& fault) {
   atFault(fault, [&](const DOMElement& root) {
     const XMLCh* uri = root.getNamespaceURI();
     if (isNamed(root, u"schema") && uri != nullptr && uri == schemaNamespace) return;
-    isNoSchema = "The file is no XML Schema: its root is " + quoted(XMLUtils::toWstring(root.getNodeName())) + ".";
+    isNoSchema = "The file is no XML Schema: its root is " + inQuotes(XMLUtils::toWstring(root.getNodeName())) + ".";
   });
   if (!isNoSchema.empty()) return isNoSchema;
   return "Schemas are searched with the prefix xs, so that the root must bind it, beside any other prefix: "
@@ -147,8 +147,8 @@ std::string remedyOfStatus(const Case& fault) {
     words += words.empty() ? "" : status == Status::BestEffort ? " or " : ", ";
     words += narrow(MetaMetadata::AttributeRequiredStatus::instance().toString(status));
   }
-  return blanksAround(fault.value) + "A required status is " + words + ", exactly so, and not " + quoted(fault.value) +
-         ".";
+  return blanksAround(fault.value) + "A required status is " + words + ", exactly so, and not " +
+         inQuotes(fault.value) + ".";
 }
 
 /// The first element within that has the attribute, or null.
@@ -171,10 +171,10 @@ std::string remedyOfType(const Case& fault) {
   std::string has = "The element has no type. ";
   atFault(fault, [&](const DOMElement& element) {
     if (element.hasAttribute(u"type")) {
-      has = "The element has the type " + quoted(XMLUtils::toWstring(element.getAttribute(u"type"))) +
+      has = "The element has the type " + inQuotes(XMLUtils::toWstring(element.getAttribute(u"type"))) +
             ", which is no data type; types that a schema names itself or imports are not followed. ";
     } else if (const DOMElement* extension = firstWith(u"base", element)) {
-      has = "The type inside the element extends " + quoted(XMLUtils::toWstring(extension->getAttribute(u"base"))) +
+      has = "The type inside the element extends " + inQuotes(XMLUtils::toWstring(extension->getAttribute(u"base"))) +
             ", which is no data type. ";
     }
   });
@@ -185,12 +185,12 @@ std::string remedyOfItemType(const Case& fault) {
   std::string has = "No element within the collection has a type. ";
   atFault(fault, [&](const DOMElement& element) {
     if (element.hasAttribute(u"type")) {
-      has = "The element has the type " + quoted(XMLUtils::toWstring(element.getAttribute(u"type"))) +
+      has = "The element has the type " + inQuotes(XMLUtils::toWstring(element.getAttribute(u"type"))) +
             " itself; write an anonymous type inside the element instead, an xs:complexType that extends it and has an "
             "xs:sequence with one element. ";
     } else if (const DOMElement* item = firstWith(u"type", element)) {
       has = "The element within the collection has the type " +
-            quoted(XMLUtils::toWstring(item->getAttribute(u"type"))) + ", which is none that items can have. ";
+            inQuotes(XMLUtils::toWstring(item->getAttribute(u"type"))) + ", which is none that items can have. ";
     }
   });
   return has + "Give the element within " + dataTypeAdvice + ".";
@@ -226,7 +226,7 @@ std::string remedyOfTypeCircle(const Case& /*fault*/) {
 }
 
 std::string remedyOfNamespace(const Case& fault) {
-  return "Bind a prefix to it at the root of the schema: xmlns:PREFIX=" + quoted(fault.value) + ".";
+  return "Bind a prefix to it at the root of the schema: xmlns:PREFIX=" + inQuotes(fault.value) + ".";
 }
 
 std::string remedyOfTargetNamespace(const Case& /*fault*/) {
