@@ -1,5 +1,6 @@
 """The subcommand check: what it finds, what it says of it, and the forms in which it does."""
 import json
+import os
 import re
 import unittest
 
@@ -239,8 +240,13 @@ class Check(ToolTest):
                                     *("\n" + reference(n, f"R{n}", "Missing", "Other") for n in (10, 11))))
         self.write("s.xsd", scheme(group(1, "G", *(attribute(name) for name in ("E1", "Again", "R10", "R11")))))
         files = schema_arguments([path, "s.xsd"])
-        text = self.run_tool("check", *files)[1].decode()
+        text = self.on_terminal(["check", *files], {**os.environ, "NO_COLOR": "1"}).decode()
         self.assertLessEqual(max(map(len, text.splitlines())), 100)
+        # For programs each text is one line.
+        self.run_tool("check", *files, "--output", "found")
+        for lines in (self.run_tool("check", *files)[1].decode(), (self.folder / "found").read_text(encoding="utf-8")):
+            self.assertEqual(lines.split(), text.split())
+            self.assertRegex(lines, re.compile(rf'^{path}:3:1: warning: .*"R10" .* \[unresolved-reference\]$', re.MULTILINE))
         self.assertEqual(text.count(" note: "), 1)
         self.assertIn(f'{path}:1:', text)
         self.assertIn('"E2", "E3", "E4" and 4 more', " ".join(text.split()))

@@ -2,6 +2,7 @@
 
 With the argument --write, and in the environment of the test, the section of the page is written anew."""
 import json
+import os
 import re
 import sys
 import unittest
@@ -19,19 +20,29 @@ class Rules(ToolTest):
         super().setUp()
         self.folder = SOURCE
 
-    def check(self, rule, *options):
-        """What check prints about the rule's example, and its arguments. Files of other names are imported ones."""
+    def arguments(self, rule):
+        """Those of a check of the rule's example. Files of other names are imported ones."""
         self.folder = EXAMPLES / rule
         arguments = ["check"]
         for path in sorted(self.folder.iterdir()):
             kind = re.match("dictionary|scheme|", path.name).group()
             arguments += [f"--{kind}", path.name] if kind else []
-        _, output, errors = self.run_tool(*arguments, *options)
+        return arguments
+
+    def check(self, rule, *options):
+        """What check prints about the rule's example for programs."""
+        _, output, errors = self.run_tool(*self.arguments(rule), *options)
         self.assertEqual(errors, b"")
-        return output.decode(), arguments
+        return json.loads(output)
+
+    def console(self, rule):
+        """The check of the rule's example as it looks on a terminal."""
+        arguments = self.arguments(rule)
+        output = self.on_terminal(arguments, {**os.environ, "LC_ALL": "C", "NO_COLOR": "1"}).decode()
+        return f"$ mxf-metadict {' '.join(arguments)}\n{output}```\n"
 
     def rules(self):
-        log = json.loads(self.check("unused-element", "--format", "sarif")[0])
+        log = self.check("unused-element", "--format", "sarif")
         return log["runs"][0]["tool"]["driver"]["rules"]
 
     def section(self):
@@ -39,10 +50,10 @@ class Rules(ToolTest):
         for rule in self.rules():
             name, level = rule["id"], rule["defaultConfiguration"]["level"]
             text += f"\n### {name}\n\n{level.capitalize()}. {rule['shortDescription']['text']} {rule['help']['text']}\n"
-            output, arguments = self.check(name)
+            console = self.console(name)
             for path in sorted(self.folder.iterdir()):
                 text += f"\n`{path.name}`:\n\n```xml\n{path.read_text(encoding='utf-8')}```\n"
-            text += f"\n```console\n$ mxf-metadict {' '.join(arguments)}\n{output}```\n"
+            text += f"\n```console\n{console}"
         return text + "\n"
 
     def test_each_example_is_found_by_its_rule(self):
@@ -50,19 +61,18 @@ class Rules(ToolTest):
         self.assertEqual(sorted(path.name for path in EXAMPLES.iterdir()), sorted(rules))
         for rule in rules:
             with self.subTest(rule):
-                found = {finding["rule"] for finding in json.loads(self.check(rule, "--format", "json")[0])["findings"]}
+                found = {finding["rule"] for finding in self.check(rule, "--format", "json")["findings"]}
                 self.assertIn(rule, found)
                 if rule in ("load-failed", "wrong-file"):  # cannot be turned off
                     continue
-                found = json.loads(self.check(rule, "--format", "json", "--disable", rule)[0])["findings"]
+                found = self.check(rule, "--format", "json", "--disable", rule)["findings"]
                 self.assertNotIn(rule, {finding["rule"] for finding in found})
 
     def test_the_page_shows_the_rules_and_their_examples(self):
         self.assertEqual(SECTION.search(PAGE.read_text(encoding="utf-8")).group(), self.section())
 
     def test_the_readme_shows_what_a_user_sees(self):
-        output, arguments = self.check("shared-local-tag")
-        self.assertIn(f"$ mxf-metadict {' '.join(arguments)}\n{output}```\n", (SOURCE / "README.md").read_text(encoding="utf-8"))
+        self.assertIn(self.console("shared-local-tag"), (SOURCE / "README.md").read_text(encoding="utf-8"))
 
 
 if __name__ == "__main__":

@@ -1,8 +1,10 @@
 """What the tests of mxf-metadict share: running the tool, and schemas of which a test writes only what it is about."""
 import json
 import os
+import pty
 import subprocess
 import tempfile
+import threading
 import unittest
 from pathlib import Path
 from xml.sax.saxutils import escape, quoteattr
@@ -98,6 +100,28 @@ class ToolTest(unittest.TestCase):
         options.setdefault("stderr", subprocess.PIPE)
         done = subprocess.run([TOOL, *arguments], cwd=self.folder, check=False, timeout=120, **options)
         return done.returncode, done.stdout, done.stderr
+
+    def on_terminal(self, arguments, environment):
+        """What the tool writes when its standard output is a terminal, as bytes."""
+        terminal, end = pty.openpty()
+        parts = []
+
+        def read():
+            try:
+                while part := os.read(terminal, 4096):
+                    parts.append(part)
+            except OSError:  # how Linux says that the other end is closed
+                pass
+
+        reader = threading.Thread(target=read)
+        reader.start()
+        try:
+            self.run_tool(*arguments, stdout=end, env=environment)
+        finally:
+            os.close(end)
+            reader.join()
+            os.close(terminal)
+        return b"".join(parts).replace(b"\r\n", b"\n")
 
     def dump(self, *arguments):
         """The JSON of a run that succeeds without a message."""

@@ -1,6 +1,5 @@
 """The text format: for people, in 100 columns, UTF-8 in every locale."""
 import os
-import pty
 import re
 import unicodedata
 import unittest
@@ -106,19 +105,6 @@ class Text(ToolTest):
 
         errors = self.run_tool("dump", "--dictionary", "absent.xsd", "--color", "always")[2]
         self.assertTrue(errors.startswith(b"\x1b[1mabsent.xsd:\x1b[0m \x1b[1;31merror:\x1b[0m absent.xsd file"), errors)
-
-    def on_terminal(self, arguments, environment):
-        terminal, end = pty.openpty()
-        with open(terminal, "rb", buffering=0) as reader:
-            self.run_tool(*arguments, stdout=end, env=environment)
-            os.close(end)
-            text = b""
-            try:
-                while part := reader.read(4096):
-                    text += part
-            except OSError:  # how Linux says that the other end is closed
-                pass
-        return text.replace(b"\r\n", b"\n")
 
     def test_failures_stand_below_their_file(self):
         status, output, _ = self.run_tool("dump", "--keep-going", "--dictionary", "absent.xsd", "--dictionary",

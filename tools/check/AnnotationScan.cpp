@@ -139,6 +139,7 @@ void scanAnnotations(const DOMElement& schema, const Annotations& annotations, D
   forEachWithin(schema, [&](const DOMElement& declaration) {
     const AnnotationsOfOne all = annotationsOfDeclaration(declaration);
     if (all.empty()) return;
+    for (const Annotation& one : all) ++scan.sources[narrowSource(one.source)];
     findUnknown(all, context);
     findOtherFlavour(declaration, all, context);
     findRepeated(all, context);

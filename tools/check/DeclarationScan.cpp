@@ -44,11 +44,19 @@ void scanType(const DOMElement& type, bool isOfGroup, const Annotations& annotat
   for (const DeclarationScan::PlainReference& reference : found) scan.plainReferences.push_back(reference);
 }
 
+void scanImport(const DOMElement& import, DeclarationScan& scan) {
+  if (!import.hasAttribute(u"schemaLocation")) return;
+  scan.imports.push_back({declarationPositionOf(import), XMLUtils::toWstring(import.getAttribute(u"namespace")),
+                          XMLUtils::toWstring(import.getAttribute(u"schemaLocation"))});
+}
+
 /// Adds the top-level declarations.
 /// @return the names of the types that groups have.
 std::set<std::u16string> scanTopLevel(const DOMElement& schema, const Annotations& annotations, DeclarationScan& scan) {
   std::set<std::u16string> typesOfGroups;
+  scan.targetNamespace = XMLUtils::toWstring(schema.getAttribute(u"targetNamespace"));
   forEachChild(schema, [&](const DOMElement& declaration) {
+    if (isNamed(declaration, u"import")) return scanImport(declaration, scan);
     const auto key = annotationOf(declaration, annotations.groupKey);
     scan.declarations[declarationPositionOf(declaration)] = {
         XMLUtils::toWstring(declaration.getAttribute(u"name")), key.value_or(Templates::WideString()),
@@ -78,6 +86,9 @@ void scanElement(const DOMElement& declaration, DeclarationScan& scan) {
 void scanRoot(const DOMElement& root, DeclarationScan& scan) {
   const XMLCh* uri = root.getNamespaceURI();
   const std::u16string_view given = uri == nullptr ? u"" : uri;
+  const XMLCh* ofPrefix = root.lookupNamespaceURI(u"xs");
+  if (ofPrefix != nullptr && ofPrefix != std::u16string_view(schemaNamespace))
+    scan.wrongPrefix = XMLUtils::toWstring(ofPrefix);
   if (isNamed(root, u"schema") && given == schemaNamespace) return;
   scan.wrongRoot = {declarationPositionOf(root), XMLUtils::toWstring(given.data()),
                     XMLUtils::toWstring(root.getLocalName())};

@@ -4,6 +4,7 @@
 
 #include <Templates/Containers.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -56,13 +57,23 @@ struct DeclarationScan {
     Templates::WideString key;   ///< Of a group, as it is written; empty for one without a key of the flavour in use.
     bool isAbstract;
   };
+  struct Import {
+    DeclarationPosition position;
+    Templates::WideString namespaceUri;
+    Templates::WideString location;
+  };
   struct WrittenValue {
     Templates::WideString read;   ///< The first text, which is all that the loader reads; empty when there is none.
     Templates::WideString whole;  ///< All text of the annotation.
   };
 
   std::optional<Root> wrongRoot;  ///< The root when it is not that of an XML Schema.
+  /// What the prefix xs stands for when it is anything but XML Schema.
+  std::optional<Templates::WideString> wrongPrefix;
+  Templates::WideString targetNamespace;
   std::map<DeclarationPosition, Declaration> declarations;
+  std::vector<Import> imports;                          ///< Those with a location.
+  std::map<std::string, std::size_t> sources;           ///< Of all annotations, and how often they are there.
   std::vector<UnknownAnnotation> unknownAnnotations;    ///< Of the flavour in use.
   std::vector<RepeatedAnnotation> repeatedAnnotations;  ///< Of the flavour in use.
   std::vector<OtherFlavour> otherFlavour;

@@ -1,13 +1,17 @@
 // What became of the files.
 
 #include "check/RuleFamilies.h"
+#include "text/Similarity.h"
 #include "text/TextLayout.h"
 #include "text/Unicode.h"
 
 #include <Utils/TextConversion.h>
 
+#include <algorithm>
 #include <map>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace MXF::Tessel::Tool {
 
@@ -65,6 +69,48 @@ std::string whyWithoutAbstractGroups(const Failure& failure, const Subject& subj
          failure.className + "]";
 }
 
+/// What was probably meant by a source that is none which is read; empty when it comes near to none.
+std::string meantBy(const std::string& source) {
+  std::vector<std::string> known;
+  for (const Annotations* annotations : {&urnAnnotations, &registryAnnotations}) {
+    for (const std::u16string_view each : annotations->sources()) known.push_back(narrowSource(each));
+  }
+  const std::vector<std::string> near = nearest(source, known);
+  return near.empty() ? "" : near.front();
+}
+
+/// The annotation that a file has most often, best one that may be meant for one of those sought, with what was
+/// probably meant.
+std::string mostOfTheFile(const DeclarationScan& scan, const std::vector<std::string>& sought) {
+  std::string most;
+  std::string meant;
+  std::size_t times = 0;
+  for (const auto& [source, count] : scan.sources) {
+    if (count < times || source.empty()) continue;
+    const std::string meantByThis = meantBy(source);
+    const bool isSought = std::find(sought.begin(), sought.end(), meantByThis) != sought.end();
+    if (count == times && !isSought) continue;
+    most = source;
+    meant = meantByThis;
+    times = count;
+  }
+  if (most.empty()) return " It has no annotations with a source.";
+  return " Most often it has \"" + most + "\"." +
+         (meant.empty() || meant == most ? "" : " Did you mean \"" + meant + "\"?");
+}
+
+/// What to do about a file that has no annotation which marks a declaration; empty when it has one.
+std::string remedyOfNoAnnotation(const LoadRecord& load, const Subject& subject) {
+  const DeclarationScan& scan = subject.scanOf(placeOf(load).path);
+  const bool isDictionary = load.file.kind == FileKind::Dictionary;
+  const auto sought = isDictionary ? &Annotations::elementLabel : &Annotations::groupKey;
+  const std::string urn = narrowSource(urnAnnotations.*sought);
+  const std::string registry = narrowSource(registryAnnotations.*sought);
+  if (scan.sources.count(urn) + scan.sources.count(registry) > 0) return "";
+  return std::string("Leave the file out, or annotate its ") + (isDictionary ? "elements" : "groups") + " with \"" +
+         urn + "\" or, in the registry flavour, \"" + registry + "\"." + mostOfTheFile(scan, {urn, registry});
+}
+
 bool isWrongFile(const LoadRecord& load) {
   return load.failure && load.failure->className == wrongFileClass;
 }
@@ -93,14 +139,21 @@ Findings findWrongFiles(const Subject& subject) {
 Findings findWrongRoots(const Subject& subject) {
   Findings findings;
   for (const Templates::WideString& path : subject.schemas()) {
-    const std::optional<DeclarationScan::Root>& root = subject.scanOf(path).wrongRoot;
+    const DeclarationScan& scan = subject.scanOf(path);
+    const std::optional<DeclarationScan::Root>& root = scan.wrongRoot;
+    if (!root && scan.wrongPrefix) {
+      findings.push_back({{path},
+                          "The prefix xs, by which declarations are looked for, stands for namespace " +
+                              encode(printable(*scan.wrongPrefix)) + ", and not for " + narrowSource(schemaNamespace) +
+                              "."});
+    }
     if (!root) continue;
-    const std::string given = '"' + encode(printable(root->name)) + "\" of " +
-                              (root->namespaceUri.empty() ? "no namespace"
-                                                          : "namespace " + encode(printable(root->namespaceUri)));
-    findings.push_back({{path, root->position.first, root->position.second},
-                        "The root is " + given + ", and not \"schema\" of namespace " + narrowSource(schemaNamespace) +
-                            "."});
+    const std::string given =
+        '"' + encode(printable(root->name)) + "\" of " +
+        (root->namespaceUri.empty() ? "no namespace" : "namespace " + encode(printable(root->namespaceUri)));
+    findings.push_back(
+        {{path, root->position.first, root->position.second},
+         "The root is " + given + ", and not \"schema\" of namespace " + narrowSource(schemaNamespace) + "."});
   }
   return findings;
 }
@@ -108,7 +161,9 @@ Findings findWrongRoots(const Subject& subject) {
 Findings findFilesWithoutDeclarations(const Subject& subject) {
   Findings findings;
   for (const LoadRecord& load : subject.outcome().loads) {
-    if (load.warning) findings.push_back({placeOf(load), sentence("The file ", *load.warning)});
+    if (!load.warning) continue;
+    findings.push_back({placeOf(load), sentence("The file ", *load.warning)});
+    findings.back().remedy = remedyOfNoAnnotation(load, subject);
   }
   return findings;
 }
@@ -116,7 +171,11 @@ Findings findFilesWithoutDeclarations(const Subject& subject) {
 Findings findEmptyDictionary(const Subject& subject) {
   const auto& loads = subject.outcome().loads;
   if (!subject.elements().empty() || subject.isIncomplete() || loads.empty()) return {};
-  return {{placeOf(loads.back()), "No element was loaded from this file or those before it."}};
+  const bool isGiven = std::any_of(loads.begin(), loads.end(),
+                                   [](const LoadRecord& load) { return load.file.kind == FileKind::Dictionary; });
+  Findings findings{{placeOf(loads.back()), "No element was loaded from this file or those before it."}};
+  if (isGiven) findings.back().remedy = "Annotate the elements of what is given with --dictionary, as is told of it.";
+  return findings;
 }
 
 Findings findLeftOutAbstractGroups(const Subject& subject) {

@@ -2,19 +2,26 @@
 
 #include "analysis/PendingReferences.h"
 #include "check/RuleFamilies.h"
+#include "text/Similarity.h"
 #include "text/Unicode.h"
 
 #include <MetaMetadata/PropertyKeys.h>
 
-#include <algorithm>
+#include <cstddef>
 #include <map>
+#include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace MXF::Tessel::Tool {
 
 namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
+
+/// References that names are suggested for: each is compared with all names of a namespace.
+constexpr std::size_t mostSuggestions = 100;
 
 /// Sets by the namespaces and names that references have. Of sets of one name the first stands for all.
 using SetsByXmlName = std::map<std::pair<Templates::WideString, Templates::WideString>, const DictionaryIndex::Set*>;
@@ -40,21 +47,89 @@ Finding lateReference(const DictionaryIndex::Element& element, const DictionaryI
 }
 
 /// The sets of an element that no scheme declares, by their namespaces.
-using UndeclaredSets = std::map<Templates::WideString, std::string>;
+using UndeclaredSets = std::map<Templates::WideString, std::vector<std::string>>;
+
+/// The names of the sets, by their namespaces.
+using NamesByNamespace = std::map<Templates::WideString, std::vector<std::string>>;
+
+NamesByNamespace namesByNamespace(const SetsByXmlName& sets) {
+  NamesByNamespace names;
+  for (const auto& [name, set] : sets) names[name.first].push_back(encode(printable(name.second)));
+  return names;
+}
+
+std::string joined(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
+  return text;
+}
 
 Finding undeclaredReferences(const DictionaryIndex::Element& element, const UndeclaredSets& sets) {
   std::string text;
   std::string names;
   std::vector<std::string> namespaces;
   for (const auto& [uri, namesOfUri] : sets) {
-    namespaces.push_back(encode(printable(uri)));
-    text += (text.empty() ? "" : "; ") + namesOfUri + " of namespace " + namespaces.back();
-    names += (names.empty() ? "" : ", ") + namesOfUri;
+    const bool isBound = !uri.empty();
+    if (isBound) namespaces.push_back(encode(printable(uri)));
+    const std::string unbound = joined(namesOfUri) + " of no namespace, as the root binds no such prefix";
+    text +=
+        (text.empty() ? "" : "; ") + (isBound ? joined(namesOfUri) + " of namespace " + namespaces.back() : unbound);
+    names += (names.empty() ? "" : isBound ? ", " : "; ") + (isBound ? joined(namesOfUri) : unbound);
   }
   const std::string start = "Element " + quotedName(element) + " refers to what no scheme declares: ";
   Finding finding(placeAt(element.origin()), start + text + ".");
   finding.shortMessage = start + names + ".";
   finding.namespaces = std::move(namespaces);
+  return finding;
+}
+
+/// What was probably meant, as a sentence; empty when nothing comes near.
+std::string suggestion(const UndeclaredSets& undeclared, const NamesByNamespace& declared) {
+  std::vector<std::string> near;
+  for (const auto& [uri, names] : undeclared) {
+    const auto known = declared.find(uri);
+    if (known == declared.end()) continue;
+    for (const std::string& name : names) {
+      const std::vector<std::string> nearOne = nearest(name, known->second);
+      if (!nearOne.empty()) near.push_back('"' + nearOne.front() + '"');
+    }
+  }
+  return near.empty() ? "" : "Did you mean " + joined(near) + "?";
+}
+
+/// A group that is declared in a schema that was read, and where.
+struct DeclaredGroup {
+  const DeclarationScan::Declaration* declaration;
+  Place place;
+  bool isInGivenSchema;
+};
+/// By their keys, with small letters.
+using DeclaredGroups = std::map<std::u32string, DeclaredGroup>;
+
+DeclaredGroups declaredGroups(const Subject& subject) {
+  DeclaredGroups groups;
+  for (const auto& [path, isGiven] : subject.schemasWithImports()) {
+    for (const auto& [position, declaration] : subject.scanOf(path).declarations) {
+      if (declaration.key.empty()) continue;
+      groups.emplace(lowerCase(printable(declaration.key)),
+                     DeclaredGroup{&declaration, {path, position.first, position.second}, isGiven});
+    }
+  }
+  return groups;
+}
+
+Finding missingBase(const DictionaryIndex::Set& set, const std::u32string& key, const DeclaredGroups& groups) {
+  const std::string start = "Set " + quotedName(set) + " is derived from ";
+  const auto group = groups.find(lowerCase(key));
+  if (group == groups.end())
+    return {placeAt(set.origin()), start + "the set with key " + encode(key) + ", which is not loaded."};
+  const std::string name = '"' + encode(printable(group->second.declaration->name)) + '"';
+  const std::string file = encode(printable(group->second.place.path));
+  Finding finding(placeAt(set.origin()),
+                  start + name + " of " + file + ", which is not loaded (key " + encode(key) + ").",
+                  {{group->second.place, name + " is declared here"}});
+  finding.remedy = group->second.isInGivenSchema ? "Correct what keeps " + file + " from being loaded."
+                                                 : "Load " + file + " with --scheme, too.";
   return finding;
 }
 
@@ -64,29 +139,33 @@ Findings findUnresolvedReferences(const Subject& subject) {
   Findings findings;
   if (subject.sets().empty()) return findings;
   const SetsByXmlName sets = setsByXmlName(subject.sets());
+  const NamesByNamespace declared = namesByNamespace(sets);
+  std::size_t suggestions = 0;
   for (const DictionaryIndex::Element* element : subject.elements()) {
     UndeclaredSets undeclared;
     for (const PendingReference& reference : pendingReferences(*element)) {
       const auto set = sets.find({reference.namespaceUri, reference.setName});
       if (set != sets.end()) {
         findings.push_back(lateReference(*element, *set->second));
-        continue;
+      } else {
+        undeclared[reference.namespaceUri].push_back(encode(printable(reference.setName)));
       }
-      std::string& names = undeclared[reference.namespaceUri];
-      names += (names.empty() ? "" : ", ") + encode(printable(reference.setName));
     }
-    if (!undeclared.empty()) findings.push_back(undeclaredReferences(*element, undeclared));
+    if (undeclared.empty()) continue;
+    findings.push_back(undeclaredReferences(*element, undeclared));
+    if (++suggestions <= mostSuggestions) findings.back().remedy = suggestion(undeclared, declared);
   }
   return findings;
 }
 
 Findings findMissingBases(const Subject& subject) {
   Findings findings;
+  std::optional<DeclaredGroups> groups;
   for (const DictionaryIndex::Set* set : subject.sets()) {
     const auto base = subject.index().missingBaseOf(*set);
     if (!base) continue;
-    findings.push_back({placeAt(set->origin()), "Set " + quotedName(*set) + " is derived from the set with key " +
-                                                    encode(printable(*base)) + ", which is not loaded."});
+    if (!groups) groups = declaredGroups(subject);
+    findings.push_back(missingBase(*set, printable(*base), *groups));
   }
   return findings;
 }

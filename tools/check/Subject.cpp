@@ -68,6 +68,34 @@ const DeclarationScan& Subject::scanOf(const Templates::WideString& path) const 
   return scans_.emplace(path, scanDeclarations(path, annotationsOf(outcome_.targetNamespace))).first->second;
 }
 
+Templates::WideString Subject::importedPath(const Templates::WideString& given, const Templates::WideString& location) {
+  const std::size_t folder = given.rfind(L'/');
+  return shownPath((folder == Templates::WideString::npos ? L"" : given.substr(0, folder + 1)) + location);
+}
+
+std::vector<Subject::ReadSchema> Subject::schemasWithImports() const {
+  std::vector<ReadSchema> all;
+  std::set<Templates::WideString> met;
+  for (const Templates::WideString& path : schemas_) {
+    all.push_back({path, true});
+    met.insert(path);
+  }
+  for (const Templates::WideString& given : schemas_) {
+    std::vector<Templates::WideString> open{given};
+    while (!open.empty()) {
+      const Templates::WideString path = open.back();
+      open.pop_back();
+      for (const DeclarationScan::Import& import : scanOf(path).imports) {
+        const Templates::WideString imported = importedPath(given, import.location);
+        if (!met.insert(imported).second) continue;
+        all.push_back({imported, false});
+        open.push_back(imported);
+      }
+    }
+  }
+  return all;
+}
+
 bool Subject::isIncomplete() const {
   const auto& loads = outcome_.loads;
   return std::any_of(loads.begin(), loads.end(), [](const LoadRecord& load) { return load.failure.has_value(); });

@@ -40,6 +40,16 @@ class Subject {
   /// @param path  of a given schema, or of an imported one.
   const DeclarationScan& scanOf(const Templates::WideString& path) const;
 
+  /// A schema that is given, or imported by a given one or by what that imports.
+  struct ReadSchema {
+    Templates::WideString path;
+    bool isGiven;
+  };
+  /// The given schemas, then those that they import from anywhere, each once.
+  std::vector<ReadSchema> schemasWithImports() const;
+  /// The path of an imported schema: all locations count from the folder of the given schema.
+  static Templates::WideString importedPath(const Templates::WideString& given, const Templates::WideString& location);
+
   /// Whether any file failed to load, so that something may be missing for that reason alone.
   [[nodiscard]] bool isIncomplete() const;
   /// Whether one place comes before another in the order of declaration.

@@ -90,8 +90,11 @@ std::string write(const CheckResult& result, const CheckRequest& request) {
   const OutputOptions& output = request.output;
   if (output.format == Formats::json) return findingsJson(result);
   if (output.format == sarifFormat) return findingsSarif(result);
-  if (!output.quiet) return findingsText(result, Severity::Note, true);
-  return findingsText(result, request.isStrict ? Severity::Warning : Severity::Error, false);
+  FindingsForm form;
+  form.isWrapped = isForTerminal(output);
+  form.withSummary = !output.quiet;
+  if (output.quiet) form.least = request.isStrict ? Severity::Warning : Severity::Error;
+  return findingsText(result, form);
 }
 
 ExitStatus runCheck(const CheckRequest& request) {
@@ -119,8 +122,8 @@ void declareCheck(CLI::App& tool, Action& action) {
       "Only errors, with --strict also warnings, in text: no notes,\nno summary");
   declareRuleOption(subcommand, "--rule", request->rules.only,
                     "Apply this rule only, beside those about loading;\nmay be given many times", checkRuleId);
-  declareRuleOption(subcommand, "--disable", request->rules.disabled,
-                    "Do not apply this rule; may be given many times", checkDisabledId);
+  declareRuleOption(subcommand, "--disable", request->rules.disabled, "Do not apply this rule; may be given many times",
+                    checkDisabledId);
   subcommand.add_flag("--strict", request->isStrict, "Exit with status 1 when there are warnings, too");
   declareFileOptions(subcommand, request->load);
   subcommand.callback([request, &action] {

@@ -94,6 +94,10 @@ void writeResult(const OutputOptions& options, std::string_view result) {
   }
 }
 
+bool isForTerminal(const OutputOptions& options) {
+  return !options.file && ::isatty(STDOUT_FILENO) == 1;
+}
+
 bool isOutputRefused(const OutputOptions& options, const std::vector<std::string>& inputs) {
   std::error_code ignored;
   if (!options.file || !std::filesystem::is_regular_file(*options.file, ignored)) return false;

@@ -43,6 +43,9 @@ void declareOutputOptions(CLI::App& subcommand, const std::vector<std::string>& 
 /// @throws std::system_error  it could not be written.
 void writeResult(const OutputOptions& options, std::string_view result);
 
+/// Whether the result is shown to somebody, and not read by a program or kept in a file.
+bool isForTerminal(const OutputOptions& options);
+
 /// Whether the output would replace one of these files, under whatever name, or any file that is an XML Schema, since
 /// those that are read import others; if so, that is told.
 bool isOutputRefused(const OutputOptions& options, const std::vector<std::string>& inputs);

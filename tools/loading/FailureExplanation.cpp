@@ -31,10 +31,6 @@ using xercesc::DOMElement;
 
 namespace {
 
-std::string inQuotes(const WideString& text) {
-  return '"' + narrow(text) + '"';
-}
-
 /// What there is to tell a failure's reason from.
 struct Case {
   const LoadRecord& record;

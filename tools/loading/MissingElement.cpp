@@ -22,10 +22,6 @@ using Templates::WideString;
 
 namespace {
 
-std::string inQuotes(const WideString& text) {
-  return '"' + narrow(text) + '"';
-}
-
 /// The namespaces that the root of a document binds prefixes to; the loader knows no other bindings.
 std::map<WideString, WideString> boundPrefixes(const WideString& path) {
   constexpr std::wstring_view start = L"xmlns:";

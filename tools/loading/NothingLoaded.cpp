@@ -67,6 +67,9 @@ NothingLoaded whyNothingLoaded(const SchemaFile& file, const Templates::WideStri
   if (declaredAs(file.kind, other.declared) > declaredAs(file.kind, used.declared)) {
     return wrongFlavour(file, used, other);
   }
+  if (declaredAs(file.kind, used.declared) > 0 && file.kind == FileKind::Dictionary) {
+    return {"declares elements, but not by the prefix xs, by which they are looked for", "", false};
+  }
   if (declaredAs(file.kind, used.declared) > 0) {
     return {triedAbstractGroups ? "declares abstract groups only, and not all of them have keys"
                                 : "declares abstract groups only: add --abstract-groups",

@@ -20,6 +20,12 @@ constexpr std::size_t mostAlike = 5;    ///< Findings of a rule in one file that
 constexpr std::size_t namedOfMany = 3;
 constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
 
+/// What is written so far, and the columns that its lines may take.
+struct Page {
+  std::string text;
+  std::size_t width;
+};
+
 std::u32string wide(const std::string& text) {
   return printable(Utils::stringToWstring(text.c_str()));
 }
@@ -41,27 +47,32 @@ Style styleOf(Severity severity) {
   return Style::Hint;
 }
 
+void appendWrapped(Page& page, std::size_t column, std::u32string_view text, Style style = Style::Plain) {
+  const std::size_t width = page.width == unlimited ? unlimited : page.width - column;
+  appendRow(page.text, {{column, width, std::u32string(text), style}});
+}
+
 /// The place comes first on its line, where editors look for it; what does not fit follows, indented.
-void appendMessage(std::string& page, const Place& place, Severity severity, std::u32string_view message) {
+void appendMessage(Page& page, const Place& place, Severity severity, std::u32string_view message) {
   const std::u32string where = placeText(place);
   const std::u32string kind = fromAscii(severityName(severity)) + U":";
   const std::size_t kindColumn = columnsOf(where) + 1;
   const std::size_t column = kindColumn + kind.size() + 1;
-  const std::size_t width = column + leastWidth < pageWidth ? pageWidth - column : leastWidth;
+  const std::size_t width = column + leastWidth < page.width ? page.width - column : leastWidth;
   const std::u32string first = wrap(message, width).front();
-  appendRow(page, {{0, unlimited, where, Style::Name},
-                   {kindColumn, unlimited, kind, styleOf(severity)},
-                   {column, unlimited, first}});
+  appendRow(page.text, {{0, unlimited, where, Style::Name},
+                        {kindColumn, unlimited, kind, styleOf(severity)},
+                        {column, unlimited, first}});
   message.remove_prefix(first.size());
   if (!message.empty() && message.front() == U' ') message.remove_prefix(1);
-  if (!message.empty()) appendParagraph(page, continuationColumn, message);
+  if (!message.empty()) appendWrapped(page, continuationColumn, message);
 }
 
 std::u32string ruleText(const Finding& finding) {
   return U" [" + fromAscii(finding.rule->id) + U"]";
 }
 
-void appendFinding(std::string& page, const Finding& finding) {
+void appendFinding(Page& page, const Finding& finding) {
   appendMessage(page, finding.place, finding.rule->severity,
                 wide(finding.shortMessage.empty() ? finding.message : finding.shortMessage) + ruleText(finding));
   for (const RelatedPlace& related : finding.related) {
@@ -81,7 +92,7 @@ std::size_t toldAsOne(const ShownFindings& findings, std::size_t start) {
   return end - start > mostAlike ? end - start : 1;
 }
 
-void appendMany(std::string& page, const ShownFindings& findings, std::size_t start, std::size_t count) {
+void appendMany(Page& page, const ShownFindings& findings, std::size_t start, std::size_t count) {
   const Finding& first = *findings[start];
   std::string names;
   for (std::size_t i = start; i < start + namedOfMany; ++i) names += (i == start ? "" : ", ") + findings[i]->name;
@@ -92,14 +103,14 @@ void appendMany(std::string& page, const ShownFindings& findings, std::size_t st
 }
 
 /// The namespaces that short messages left out, each once.
-void appendNamespaces(std::string& page, const std::vector<std::string>& namespaces) {
+void appendNamespaces(Page& page, const std::vector<std::string>& namespaces) {
   if (namespaces.empty()) return;
-  appendParagraph(page, remedyColumn, namespaces.size() == 1 ? U"Namespace of the sets:" : U"Namespaces of the sets:",
-                  Style::Hint);
-  for (const std::string& uri : namespaces) appendParagraph(page, continuationColumn, wide(uri), Style::Hint);
+  appendWrapped(page, remedyColumn, namespaces.size() == 1 ? U"Namespace of the sets:" : U"Namespaces of the sets:",
+                Style::Hint);
+  for (const std::string& uri : namespaces) appendWrapped(page, continuationColumn, wide(uri), Style::Hint);
 }
 
-void appendFindings(std::string& page, const ShownFindings& findings) {
+void appendFindings(Page& page, const ShownFindings& findings) {
   std::vector<std::string> namespaces;
   for (std::size_t i = 0; i < findings.size();) {
     const Finding& finding = *findings[i];
@@ -114,7 +125,7 @@ void appendFindings(std::string& page, const ShownFindings& findings) {
     }
     i += count;
     if (i < findings.size() && findings[i]->remedy == finding.remedy) continue;
-    appendParagraph(page, remedyColumn, wide(finding.remedy), Style::Hint);
+    appendWrapped(page, remedyColumn, wide(finding.remedy), Style::Hint);
     appendNamespaces(page, namespaces);
     namespaces.clear();
   }
@@ -124,32 +135,31 @@ std::u32string counted(std::size_t number, const std::u32string& noun) {
   return decimal(number) + U" " + noun + (number == 1 ? U"" : U"s");
 }
 
-void appendSummary(std::string& page, const CheckResult& result) {
-  if (!page.empty()) page += '\n';
-  appendParagraph(page, 0,
-                  U"Checked " + counted(result.elements, U"element") + U" and " + counted(result.sets, U"set") +
-                      U" of " + counted(result.files, U"file") + U": " +
-                      counted(result.count(Severity::Error), U"error") + U", " +
-                      counted(result.count(Severity::Warning), U"warning") + U", " +
-                      counted(result.count(Severity::Note), U"note") + U".");
+void appendSummary(Page& page, const CheckResult& result) {
+  if (!page.text.empty()) page.text += '\n';
+  appendWrapped(page, 0,
+                U"Checked " + counted(result.elements, U"element") + U" and " + counted(result.sets, U"set") + U" of " +
+                    counted(result.files, U"file") + U": " + counted(result.count(Severity::Error), U"error") + U", " +
+                    counted(result.count(Severity::Warning), U"warning") + U", " +
+                    counted(result.count(Severity::Note), U"note") + U".");
   if (result.sets == 0) {
-    appendParagraph(page, 0, U"No set was loaded: unused elements and unresolved references were not looked for.");
+    appendWrapped(page, 0, U"No set was loaded: unused elements and unresolved references were not looked for.");
   } else if (result.isIncomplete) {
-    appendParagraph(page, 0, U"Not all files were loaded: unused elements were not looked for.");
+    appendWrapped(page, 0, U"Not all files were loaded: unused elements were not looked for.");
   }
 }
 
 }  // namespace
 
-std::string findingsText(const CheckResult& result, Severity least, bool withSummary) {
+std::string findingsText(const CheckResult& result, const FindingsForm& form) {
   ShownFindings shown;
   for (const Finding& finding : result.findings) {
-    if (finding.rule->severity <= least) shown.push_back(&finding);
+    if (finding.rule->severity <= form.least) shown.push_back(&finding);
   }
-  std::string page;
+  Page page{{}, form.isWrapped ? pageWidth : unlimited};
   appendFindings(page, shown);
-  if (withSummary) appendSummary(page, result);
-  return page;
+  if (form.withSummary) appendSummary(page, result);
+  return page.text;
 }
 
 }  // namespace MXF::Tessel::Tool
