@@ -7,6 +7,7 @@
 #include "KnownLosses.h"
 #include "Promises.h"
 #include "loader/support/Loading.h"
+#include "loader/support/Sanitizers.h"
 #include "loader/support/SchemaBuilder.h"
 
 #include <gtest/gtest.h>
@@ -80,7 +81,7 @@ std::string defectOfHost(const Setting& setting, long number) {
   return host.text() == setting.complete ? "" : "The same loader then gives\n" + host.text();
 }
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#if defined(TESSELMXF_ADDRESS_SANITIZER) || defined(TESSELMXF_THREAD_SANITIZER)
 constexpr long pointsPerRun = 7;  // sanitizers take ten times as long: one point of seven, each build the same
 #else
 constexpr long pointsPerRun = 1;

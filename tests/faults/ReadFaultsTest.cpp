@@ -16,6 +16,8 @@
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <vector>
 
 namespace MXF::Tessel::Test {
@@ -158,6 +160,29 @@ std::string contentOf(const std::string& path) {
 }
 void write(const std::string& path, const std::string& content) {
   std::ofstream(path, std::ios::binary) << content;
+}
+
+TEST(ReadFaults, WhatIsNoRegularFileIsNotOpened) {
+  const Schemas schemas(ValueTypes::One);
+  for (const Step step : loads) {
+    const std::string file = filesOf(schemas, step).back();
+    const std::string content = contentOf(file);
+    const std::function<int()> makers[] = {[&] { return mkfifo(file.c_str(), S_IRUSR | S_IWUSR); },
+                                           [&] { return symlink("/dev/null", file.c_str()); },
+                                           [&] { return mkdir(file.c_str(), S_IRWXU); }};
+    for (const auto& make : makers) {
+      Host host(schemas);
+      host.takeAllBefore(step);
+      std::filesystem::remove(file);
+      ASSERT_EQ(make(), 0);
+      const Behaviour asTheSystem;
+      const Files::Scope scope(asTheSystem);
+      EXPECT_EQ(outcomeOf([&] { host.take(step); }), notFound(file));
+      EXPECT_EQ(scope.count(Call::Open), step == Step::Scheme ? 1 : 0);  // a scheme is read before its import
+      std::filesystem::remove(file);
+      write(file, content);
+    }
+  }
 }
 
 TEST(ReadFaults, AFileThatChangesWhileItIsReadCountsAsWhatWasRead) {

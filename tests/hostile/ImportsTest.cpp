@@ -94,9 +94,9 @@ TEST(Imports, OfOneFileCountOnceForEachPath) {
     return repeated(
         count, [](std::size_t i) { return import("urn:b", times(i % 100, "./") + times(i / 100, "/") + "other.xsd"); });
   };
-  // Each of them counts sixteen kilobytes at least.
+  // Each of them counts two kilobytes at least.
   EXPECT_EQ(outcome(schemeWith(spelled(16'384))), noBase);
-  EXPECT_EQ(outcome(schemeWith(spelled(16'385))), loadLimitExceeded("268435456 bytes of imported files"));
+  EXPECT_EQ(outcome(schemeWith(spelled(16'385))), loadLimitExceeded("33554432 bytes of imported files"));
 }
 
 TEST(Imports, AreLimitedInTheirBytes) {
@@ -105,12 +105,12 @@ TEST(Imports, AreLimitedInTheirBytes) {
   std::string text = baseDocument("Other").text();
   text.resize(size, ' ');
   files.write("other.xsd", text);
-  for (const std::size_t count : {16U, 17U}) {
+  for (const std::size_t count : {2U, 3U}) {
     const std::string imports =
         repeated(count, [](std::size_t i) { return import("urn:b", times(i, "./") + "other.xsd"); });
     files.write("hostile.xsd", schemeWith(imports).text());
     EXPECT_EQ(files.outcome(Load::Scheme, "hostile.xsd"),
-              count == 16U ? noBase : loadLimitExceeded("268435456 bytes of imported files"));
+              count == 2U ? noBase : loadLimitExceeded("33554432 bytes of imported files"));
   }
 }
 

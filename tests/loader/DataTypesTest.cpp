@@ -7,7 +7,8 @@
 namespace MXF::Tessel::Test {
 namespace {
 
-const std::string unknownType = "TypeNotSupportedException (47): MetaElement type not supported, unknown data type: A";
+const std::string typeOfAUnknown =
+    "TypeNotSupportedException (47): MetaElement type not supported, unknown data type: A";
 const std::string unknownItems =
     "InvalidMetaElementDeclaration (20): MetaElement Declaration of type collection with unknown sub data type: A";
 
@@ -38,14 +39,14 @@ TEST(DataTypes, ATypeAttributeIsLookedUpByItsLocalPart) {
       {typed("nowhere:RGBALayout"), "MetaSimpleElement 34"},
       {typed("t:StrongReference"), "MetaReferenceElement 29 []"},
       {typed("WeakReference"), "MetaReferenceElement 30 []"},
-      {typed("a:t:Int32"), unknownType},
-      {typed("int32"), unknownType},
-      {typed(" Int32"), unknownType},
-      {typed("t:StrongRefArray"), unknownType},  // reference kinds count only as a base
-      {typed("Unknown").add(restricted("Int32")), unknownType},
+      {typed("a:t:Int32"), typeOfAUnknown},
+      {typed("int32"), typeOfAUnknown},
+      {typed(" Int32"), typeOfAUnknown},
+      {typed("t:StrongRefArray"), typeOfAUnknown},  // reference kinds count only as a base
+      {typed("Unknown").add(restricted("Int32")), typeOfAUnknown},
       {typed("Array"), unknownItems},
       {typed("t:Batch").add(derived("Array", items("Int8"))), unknownItems},
-      {element("A", 1), unknownType},
+      {element("A", 1), typeOfAUnknown},
       {element("A", 1).drop("name"),
        "TypeNotSupportedException (47): MetaElement type not supported, unknown data type: "},
   });
@@ -61,10 +62,10 @@ TEST(DataTypes, WithoutATypeTheNearestBaseThreeLevelsDownOrElseTwoCounts) {
       {element("A", 1).add(restricted("Int8") + restricted("Int16")), "MetaSimpleElement 8"},
       {element("A", 1).add("<x><y><z/><z base='Int8'/><z base='Int16'/></y></x>"), "MetaSimpleElement 8"},
       {element("A", 1).note("other", "<x base='Int8'/>").add(attributeThreeDown), "MetaSimpleElement 8"},
-      {element("A", 1).add("<x base='Int8'/><a><b><c><d base='Int8'/></c></b></a>"), unknownType},
-      {element("A", 1).add("<x><y><z base=''/></y></x>" + restricted("Int8")), unknownType},
-      {based("xs:Unknown"), unknownType},
-      {based(""), unknownType},
+      {element("A", 1).add("<x base='Int8'/><a><b><c><d base='Int8'/></c></b></a>"), typeOfAUnknown},
+      {element("A", 1).add("<x><y><z base=''/></y></x>" + restricted("Int8")), typeOfAUnknown},
+      {based("xs:Unknown"), typeOfAUnknown},
+      {based(""), typeOfAUnknown},
   });
 }
 
@@ -79,8 +80,8 @@ TEST(DataTypes, TheSixReferenceKindsAreBases) {
       {based("StrongRefHolder"), "MetaReferenceElement 29 []"},
       {element("A", 1).add(restricted("StrongRefHolder")), "MetaReferenceElement 29 []"},
       {based("StrongReference"), "MetaReferenceElement 29 []"},
-      {based("strongRefArray"), unknownType},
-      {based("StrongRefArrays"), unknownType},
+      {based("strongRefArray"), typeOfAUnknown},
+      {based("StrongRefArrays"), typeOfAUnknown},
   });
 }
 

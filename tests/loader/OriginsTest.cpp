@@ -71,6 +71,13 @@ const FaultCase faultCases[] = {
          .add(group("G", 1) + complexType("GType", property("t:A") + "\n " + marked(property("t:None"))))
          .text(),
      ""},
+    {"a limit", theOnlyElement,
+     SchemaBuilder()
+         .add(group("G", 1) +
+              complexType("GType", property("t:A") + marked(property("t:A").note(
+                                                         "G:Value", "{" + std::string(1'000'000, ',') + "}"))))
+         .text(),
+     ""},
     {"an attribute in an import", theOnlyElement, SchemaBuilder(importing).text(),
      SchemaBuilder().target("urn:u").add("<!--\n-->" + complexType("BType", marked(property("t:A", "Maybe")))).text()},
     {"a base type that is nowhere", theOnlyElement, importing.text(), SchemaBuilder().target("urn:u").text()},

@@ -23,6 +23,7 @@ WRONG_USAGE = [
     (["dump", "--output", "--dictionary=d.xsd"], "--output: FILE is missing\nmxf-metadict: try 'mxf-metadict dump --help'"),
     (["dump", "--output=", "--dictionary", "d.xsd"], "--output: FILE is missing"),
     (["report", "--title", "", "--dictionary", "d.xsd"], "--title: TEXT is missing"),
+    (["help", "dump", "check"], "help takes one command, as in 'mxf-metadict help dump'"),
     (["help", "dupm"], "no such command: dupm; did you mean dump?"),
     (["diff", "--multiplex", "m.xsd", "--dictionary", "d.xsd"], "--multiplex: diff takes two dumps"),
     (["diff", "a", "b", "c"], "c: diff takes two dumps"),
@@ -91,9 +92,9 @@ class ErrorLines(ToolTest):
         cases = [
             ("--dictionary", "absent.xsd", r"absent\.xsd: error: absent\.xsd file Not Found! \[IOError\]"),
             ("--dictionary", "malformed.xsd", r"malformed\.xsd:2:1: error: [^:]+ \[ParseError\]"),
-            ("--dictionary", "none.xsd", r"none\.xsd: error: XQillaException:: .+ \[ParseError\]"),
+            ("--dictionary", "none.xsd", r"none\.xsd:1:1: error: XQillaException:: .+ \[ParseError\]"),
             ("--dictionary", "twice.xsd", r"twice\.xsd:3:2: error: [0-9A-F.]{47} \[MetaElementAlreadyLoaded\]"),
-            ("--scheme", "none.xsd", r"none\.xsd: error: .+ \[XQillaException\]"),
+            ("--scheme", "none.xsd", r"none\.xsd:1:1: error: .+ \[XQillaException\]"),
             ("--scheme", "imports.xsd", r"\./malformed\.xsd:2:1: error: [^:]+ \[SAXParseException\]"),
         ]
         for option, name, expected in cases:

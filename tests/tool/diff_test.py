@@ -239,11 +239,21 @@ class Diff(ToolTest):
         self.assertEqual(self.diff(self.old, self.old, "--quiet")[1], b"No changes.\n")
 
     def test_dumps_that_do_not_go_together(self):
-        plain = self.dump(*self.files)
+        plain, full = self.dump(*self.files), self.full_dump()
+        abstract = self.dump("--abstract-groups", *self.files)
+        for old, new, names in ((plain, full, "new.json old.json"), (abstract, plain, "old.json new.json")):
+            expected = "{}: error: was dumped with --abstract-groups, and {} without: ".format(*names.split())
+            status, output, errors = self.diff(old, new)
+            self.assertEqual((status, output, errors.decode()[:len(expected)]), (2, b"", expected))
+        undocumented = {**copy.deepcopy(abstract), "options": full["options"]}
+        self.assertIn("documentation-changed", {change[0] for change in self.changes(full, undocumented)})
+        self.assertEqual(self.diff(full, abstract, "--quiet"), (0, b"No changes.\n", b""))
+        for dump in (plain, full):  # of versions that did not tell
+            del dump["options"]
         registry = {**copy.deepcopy(plain), "targetNamespace": REGISTRY_MULTIPLEX, "more": 1}
         registry["loads"][0]["error"] = {"class": "NotFound", "code": 31, "message": ""}
         for old, new, expected, kinds in [
-                (plain, self.full_dump(), ["new.json: warning: was dumped with --documentation and",
+                (plain, full, ["new.json: warning: was dumped with --documentation and",
                                    "new.json: warning: was dumped with --length-description and",
                                    "new.json: warning: holds abstract sets and"],
                  {"set-added", "base-changed"}),

@@ -112,6 +112,16 @@ class Explain(ToolTest):
         self.assertEqual([origin and origin["name"] for origin in (a["inheritedFrom"] for a in attributes)],
                          ["Top", "Middle", None])
 
+    def test_attributes_of_a_base_that_is_not_loaded_come_from_its_file(self):
+        self.write("base.xsd", scheme(group(10, "Root", attribute("A"))))
+        self.write("s.xsd", scheme('<xs:import namespace="urn:x:groups" schemaLocation="base.xsd"/>',
+                                   group(11, "Leaf", attribute("Own"), base="Root"), group(12, "Sub", base="Leaf")))
+        for question, expected in (("Leaf", [["Alpha", "Value", "./base.xsd"], ["Own"]]),
+                                   ("Sub", [["Alpha", "Value", "./base.xsd"], ["Own", "Leaf"]])):
+            lines = self.run_tool("explain", question, *self.files)[1].decode().splitlines()
+            found = [line.split() for line in lines if line.startswith("  -  ")]
+            self.assertEqual([[cell for cell in cells if cell not in ("-", "UInt32", "Req")] for cells in found], expected)
+
     def test_abstract_groups_without_key_are_done_without(self):
         self.write("s.xsd", (self.folder / "s.xsd").read_text()
                    .replace(f'<xs:appinfo source="urn:SMPTE:MXF:XMLInterface:Groups:Key">{key(10)}</xs:appinfo>', ""))

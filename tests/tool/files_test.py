@@ -2,13 +2,15 @@
 import json
 import os
 import re
+import shutil
+import subprocess
 import unittest
 
 import jsonschema
 
 from json_test import SCHEMA
-from support import (REGISTRY_MULTIPLEX, URN_MULTIPLEX, ToolTest, attribute, dictionary, element, group, key, label,
-                     multiplex, scheme)
+from support import (REGISTRY_MULTIPLEX, SOURCE, TOOL, URN_MULTIPLEX, ToolTest, attribute, dictionary, element, group, key,
+                     label, multiplex, reference, scheme)
 
 
 class Order(ToolTest):
@@ -160,6 +162,18 @@ class KindAndFlavour(ToolTest):
         same = self.run_tool("dump", "--keep-going", "--dictionary", "r/d.xsd", "--scheme", "r/s.xsd")[2].decode()
         self.assertEqual((same.count("[wrong-file]"), same.count("note: Add --multiplex")), (2, 1))
 
+    def test_the_installed_multiplex_is_advised_where_none_lies_beside(self):
+        installed = self.folder.resolve() / "prefix/share/tesselmxf/schemas/registry/multiplex.xsd"
+        tool = self.folder / "prefix/bin/mxf-metadict"
+        for file, source in ((tool, TOOL), (installed, SOURCE / "schemas/registry/multiplex.xsd")):
+            file.parent.mkdir(parents=True)
+            shutil.copy(source, file)
+        (self.folder / "r/multiplex.xsd").unlink()
+        advice = subprocess.run([tool, "dump", "--dictionary", "r/d.xsd"], cwd=self.folder, stderr=subprocess.PIPE,
+                                check=False, timeout=120).stderr.decode().splitlines()[1]
+        self.assertEqual(advice, f"r/d.xsd: note: Add --multiplex {installed}.")
+        self.assertEqual(len(self.dump("--multiplex", str(installed), "--dictionary", "r/d.xsd")["elements"]), 2)
+
     def test_warnings(self):
         there = "no declaration at its top level has the annotation that marks one, in either flavour"
         empty = "plain.xsd: error: no element was loaded from this file or those before it [empty-dictionary]\n"
@@ -178,7 +192,9 @@ class KindAndFlavour(ToolTest):
         for name, note in (("d.xsd", "It declares 2 elements: give it with --dictionary."),
                            ("r/s.xsd", "It declares 1 group: give it with --scheme."),
                            ("plain.xsd", f"A multiplex schema has the target namespace {URN_MULTIPLEX} or "
-                                         f"{REGISTRY_MULTIPLEX}.")):
+                                         f"{REGISTRY_MULTIPLEX}, and nothing else of it matters: for schemas in the "
+                                         "registry flavour, whatever their edition, give schemas/registry/multiplex.xsd of "
+                                         "this program; for those in the URN flavour none is needed.")):
             status, output, errors = self.run_tool("dump", "--multiplex", name, "--dictionary", "d.xsd")
             self.assertEqual((status, output), (1, b""))
             self.assertEqual(errors.decode().splitlines()[1], f"{name}: note: {note}")
@@ -197,7 +213,15 @@ class Explanations(ToolTest):
         good = element(2, "B")
         elements = {
             "An element with this label": good + good, 'Neither a label nor a key: " 06"': good.replace(label(2), " 06"),
-            'The element has the type "t:Nothing".': element(2, "B", "Nothing"),
+            "Neither a label nor a key: " + f'"{label(2)[3:]}". Write a label or key as 16 bytes of two hexadecimal digits, '
+            "joined by dots; this has 15.": good.replace(label(2), label(2)[3:]),
+            'The element has the type "t:Nothing", which is no data type; types that a schema names':
+                element(2, "B", "Nothing"),
+            'The type inside the element extends "t:Nothing"': reference(2, "B").replace("StrongRefHolder", "Nothing"),
+            'The element has the type "t:Array" itself; write an anonymous type': element(2, "B", "Array"),
+            'The element within the collection has the type "t:Nothing"': reference(2, "B").replace(
+                "StrongRefHolder", "Array").replace("<xs:choice></xs:choice>", '<xs:sequence><xs:element name="I" '
+                                                    'type="t:Nothing"/></xs:sequence>'),
             "Dictionary:ElementName": good.replace("ElementName", "Name"),
             "Dictionary:ElementUL": good.replace(label(2), "")}
         abstract = group(1, "G").replace('type="g:GType"', 'type="g:GType" abstract="true"')
@@ -218,10 +242,52 @@ class Explanations(ToolTest):
             self.write("s.xsd", scheme(text))
             self.assertIn(expected, " ".join(self.notes("d.xsd", "s.xsd", options=["--abstract-groups"])))
         (self.folder / "d").mkdir()
-        for name, expected in (("d", "directory"), ("dx", "is not there")):
+        os.mkfifo(self.folder / "dfifo")
+        for name, expected in (("d", "directory"), ("dx", "is not there"), ("dfifo", "only regular files are read")):
             self.assertIn(expected, " ".join(self.notes(name)))
-        self.write("n.xsd", "<schema xmlns='http://www.w3.org/2001/XMLSchema' targetNamespace='urn:x'/>")
-        self.assertIn("must bind the prefix xs", " ".join(self.notes("n.xsd")))
+        for kind, root, note in (("--dictionary", "schema xmlns='http://www.w3.org/2001/XMLSchema'", "the root must bind"),
+                                 ("--scheme", "x:schema xmlns:x='http://www.w3.org/2001/XMLSchema'", "the root must bind"),
+                                 ("--dictionary", "html", 'The file is no XML Schema: its root is "html".')):
+            self.write("n.xsd", f"<!-- -->\n <{root} targetNamespace='urn:x'/>")
+            errors = self.run_tool("dump", kind, "n.xsd")[2].decode()
+            self.assertRegex(errors, r"\An\.xsd:2:2: error: .*No namespace for prefix 'xs'.*\nn\.xsd:2:2: note: .*" + note)
+
+    def test_what_a_reference_that_leads_nowhere_says(self):
+        self.write("d.xsd", dictionary(element(1, "A")))
+        good = scheme(group(1, "G", attribute("A")))
+        for text, note in (
+                (good.replace('xmlns:e="urn:x:elements"', 'xmlns:e="urn:x:other"'),
+                 'Here e stands for "urn:x:other". An element "A" is loaded in the namespace "urn:x:elements": bind e to '
+                 "that at the root of the schema."),
+                (good.replace("e:A", "q:A"), 'The prefix q is not bound at the root of the schema. An element "A" is loaded '
+                 'in the namespace "urn:x:elements": write the reference with the prefix e.'),
+                (good.replace("e:A", "A"), 'The reference has no prefix, and no default namespace counts. An element "A" is '
+                 'loaded in the namespace "urn:x:elements": write the reference with the prefix e.'),
+                (good.replace("e:A", "e:B"), 'Load the schema that declares the element before this one, or correct '
+                 'the reference. Here e stands for "urn:x:elements".')):
+            self.write("s.xsd", text)
+            self.assertEqual(self.notes("d.xsd", "s.xsd"), [note])
+
+    def test_what_the_bytes_of_a_file_are(self):
+        good = dictionary(element(1, "A", documentation="\u6f22\U0001f600"))
+        declared = '<?xml version="1.0" encoding="UTF-8"?>\r\n'
+        lines = "<!-- {} -->\r\n".format("\u6f22\U0001f600" * 3000) * 3  # the parser decodes far ahead of them
+        for content, note in (
+                (b"", "d.xsd:1:1: note: The file is empty."),
+                (b" \n", "note: The file holds nothing but blanks."),
+                (b"PK\3\4", "note: The file is no XML: it does not begin with"),
+                ((declared + good).encode("utf-16"), "note: The file is in UTF-16, but its first line declares utf-8: "),
+                (declared.replace("8", "16").encode() + b"<\xfc/>", "d.xsd:2:2: note: The first byte that is not UTF-8"),
+                ((declared + lines).encode() + "\u6f22\U0001f600<\xfc".encode("utf-8")[:-2] + b"\xfc/>",
+                 "d.xsd:5:5: note: The first byte that is not UTF-8 is here: FC hex"),
+                (b"<a>\r\xed\xa0\x80</a>", "d.xsd:2:1: note: The first byte that is not UTF-8 is here: ED hex"),
+                (b"<a>\xc3</a>", "d.xsd:1:4: note: The first byte that is not UTF-8 is here: C3 hex"),
+                (b"<a>\xc3</a>", "note: Save the file as UTF-8, or declare its encoding"),
+                (declared.replace("UTF-8", "ISO-8859-1").encode() + b"<\xfc>", "note: Correct the XML."),
+                ((declared.replace("8", "16") + "<a>").encode("utf-16"), "note: Correct the XML.")):
+            with self.subTest(note):
+                (self.folder / "d.xsd").write_bytes(content)
+                self.assertIn(note, self.run_tool("dump", "--dictionary", "d.xsd")[2].decode("utf-8", "replace"))
 
     def test_one_fault_of_an_import_is_told_once(self):
         (self.folder / "i").mkdir()

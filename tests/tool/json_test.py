@@ -66,7 +66,7 @@ class Format(ToolTest):
             group(8, "H", attribute("B", tag_text="02.01"), attribute("A", tag_text="01.09")),
             group(4, "G", attribute("A", tag_text="01.02"), attribute("R", status="B.Effort"))))
         result = self.dump("--dictionary", "d.xsd", "--scheme", "s.xsd")
-        self.assertEqual(list(result), ["targetNamespace", "loads", "elements", "sets", "localTags"])
+        self.assertEqual(list(result), ["targetNamespace", "options", "loads", "elements", "sets", "localTags"])
         self.assertEqual(list(result["loads"][0]), ["kind", "path", "error"])
         self.assertEqual([list(entry) for entry in result["elements"]],
                          [["label", "class", "dataType", "dataSubType", "allowedSets", "properties"]] * 3)

@@ -67,7 +67,7 @@ class Manual(ToolTest):
         page = PAGE.read_text(encoding="utf-8")
         self.assertIn(f"mxf\\-metadict {os.environ['MXF_METADICT_VERSION']}", page)
         self.assertIn("dictionary.xsd \\e\n", page)  # a line of an example that goes on
-        self.assertIn(".SH ENVIRONMENT\nwithout \\-\\-color, text", page)
+        self.assertIn(".SH ENVIRONMENT\nWithout \\-\\-color, text", page)
         self.assertIn(".nf\nRules:\n  load\\-failed ", page)  # a list keeps its lines
         if shutil.which("groff"):
             done = subprocess.run(["groff", "-man", "-ww", "-z", "-Tutf8", PAGE], check=True, capture_output=True)

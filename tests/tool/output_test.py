@@ -120,6 +120,17 @@ class Output(ToolTest):
                 self.assertEqual(errors, b"mxf-metadict: --output would replace d.xsd, which is to be read\n")
                 self.assertEqual((self.folder / "d.xsd").read_text(), before)
 
+    def test_no_schema_is_replaced_as_it_may_be_imported(self):
+        text = '<?xml version="1.0"?><!-- types --><xsd:schema xmlns:xsd="http://www.w3.org/2001/XMLSchema"'
+        for content in (text.encode(), text.encode("utf-16"), b"\xef\xbb\xbf \n" + text.encode()):
+            self.path.write_bytes(content)
+            status, output, errors = self.dump_to(self.path)
+            self.assertEqual((status, output, self.path.read_bytes()), (2, b"", content))
+            self.assertIn(b"which is an XML Schema, as imports are", errors)
+        for content in (b"<!DOCTYPE html>" + text.encode(), b"{}" + text.encode(), b"<x/>"):
+            self.path.write_bytes(content)
+            self.assertEqual((self.dump_to(self.path)[0], self.path.read_bytes()), (0, self.new))
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -72,7 +72,7 @@ class Text(ToolTest):
             f"  Alone: 0+0                                         {key(4)}",
         ])
         self.assertTrue(text.endswith(
-            "\nUnresolved references: 1\n  Element  Set      Namespace\n  R        Missing  urn:x:groups\n"))
+            "\nUnresolved references: 1\n  urn:x:groups\n  Element  Sets\n  R        Missing\n"))
 
     def test_whatever_the_texts_are_the_page_stays_in_form(self):
         names = ["W" * 300, "\u6f22\u5b57" * 80, "e\u0301" * 150, "\U0001f600 " * 70, "tab\tand\nline", "\u0085\u2028x",

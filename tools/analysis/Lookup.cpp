@@ -76,7 +76,7 @@ const KLV::Key::Bytes& identifierOf(const Entry& entry) {
   return entry.element != nullptr ? entry.element->universalLabel().bytes() : entry.set->key().bytes();
 }
 
-std::vector<std::u32string> namesOf(const Entry& entry) {
+std::vector<std::u32string> allNamesOf(const Entry& entry) {
   const MetaMetadata::PropertyMap* map = entry.element;
   if (map == nullptr) map = entry.set;
   std::vector<std::u32string> names;
@@ -118,7 +118,7 @@ bool matches(const Entry& entry, const Question& question, const DictionaryIndex
     return true;
   }
   if (question.tag && hasTag(entry, *question.tag, index)) return true;
-  const std::vector<std::u32string> names = namesOf(entry);
+  const std::vector<std::u32string> names = allNamesOf(entry);
   return std::any_of(names.begin(), names.end(), [&](const std::u32string& name) {
     return name == question.text || name == question.withoutPrefix;
   });
@@ -192,7 +192,7 @@ bool isPattern(const std::u32string& text) {
 }
 
 std::optional<Measure> measurePattern(const Entry& entry, const std::u32string& pattern) {
-  std::vector<std::u32string> texts = namesOf(entry);
+  std::vector<std::u32string> texts = allNamesOf(entry);
   texts.push_back(printable(entry.element != nullptr ? entry.element->universalLabel().toString(textForm)
                                                      : entry.set->key().toString(textForm)));
   const bool fitsAny = std::any_of(texts.begin(), texts.end(), [&](const std::u32string& text) {
@@ -208,7 +208,7 @@ std::optional<Measure> measure(const Entry& entry, const Question& question) {
     if (found && (!nearest || found->rank() < nearest->rank())) nearest = found;
   };
   if (question.bytes) consider(measureBytes(*question.bytes, identifierOf(entry)));
-  for (const std::u32string& name : namesOf(entry)) {
+  for (const std::u32string& name : allNamesOf(entry)) {
     consider(measureName(nameLetters(question.withoutPrefix), nameLetters(name)));
   }
   return nearest;

@@ -98,7 +98,7 @@ std::string write(const CheckResult& result, const CheckRequest& request) {
 }
 
 ExitStatus runCheck(const CheckRequest& request) {
-  if (outputIsInput(request.load, request.output)) return ExitStatus::WrongUsage;
+  if (isOutputRefused(request.load, request.output)) return ExitStatus::WrongUsage;
   LoadOutcome outcome;
   loadSchemas(request.load, outcome, [](const LoadRecord& /*record*/) {});  // what went wrong is among the findings
   const CheckResult result = check(outcome, request.rules);

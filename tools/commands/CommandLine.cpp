@@ -35,7 +35,9 @@ constexpr const char* footer =
     "found errors, when what was asked for is not there, or when the output could not be written; 2 for\n"
     "wrong usage. Of diff: 1 when a change breaks, 2 when there is no result.\n"
     "\n"
-    "Environment: without --color, text on a terminal is in colour, unless NO_COLOR is set to some text\n"
+    "'mxf-metadict help COMMAND' is another way to write 'mxf-metadict COMMAND --help'.\n"
+    "\n"
+    "Environment: Without --color, text on a terminal is in colour, unless NO_COLOR is set to some text\n"
     "or TERM to dumb.\n"
     "\n"
     "Examples:\n"
@@ -62,6 +64,8 @@ std::vector<std::string> withoutSynonyms(const CLI::App& tool, std::vector<std::
   const auto isNamed = [&](const CLI::App* command) { return command->get_name() == arguments.front(); };
   if (arguments.front() == "version") arguments.front() = "--version";
   if (arguments.front() == "help") {
+    const bool isSurplus = arguments.size() > 2 && arguments[2].rfind('-', 0) != 0;
+    if (isSurplus) return arguments;  // help takes one command
     arguments.erase(arguments.begin());
     if (arguments.empty() || !tool.get_subcommands(isNamed).empty()) arguments.emplace_back("--help");
   }

@@ -22,6 +22,7 @@ struct DiffRequest {
 
 constexpr const char* diffDetails =
     "OLD and NEW are files that 'mxf-metadict dump --format json' wrote, both with the same options.\n"
+    "When only one was made with --abstract-groups, they are not compared.\n"
     "Elements are matched by label, sets by key, attributes by set and element.\n"
     "\n"
     "A change breaks when a file or XML document that is valid by OLD may be invalid, or have another\n"
@@ -47,6 +48,13 @@ std::optional<DictionaryDump> readOrReport(const std::string& path, const Output
   }
 }
 
+/// Whether the dumps go together; if not, that is told.
+bool areComparable(const DictionaryDump& before, const DictionaryDump& after) {
+  const std::optional<std::string> reason = whyNotComparable(before, after);
+  if (reason) reportLine(*reason);
+  return !reason;
+}
+
 ExitStatus compare(const DiffRequest& request, const DictionaryDump& before, const DictionaryDump& after) {
   if (!request.output.quiet) {
     for (const std::string& warning : comparisonWarnings(before, after)) reportLine(warning);
@@ -60,10 +68,10 @@ ExitStatus compare(const DiffRequest& request, const DictionaryDump& before, con
 
 ExitStatus runDiff(const DiffRequest& request) {
   try {
-    if (outputIsInput(request.output, {request.before, request.after})) return ExitStatus::WrongUsage;
+    if (isOutputRefused(request.output, {request.before, request.after})) return ExitStatus::WrongUsage;
     const std::optional<DictionaryDump> before = readOrReport(request.before, request.output);
     const std::optional<DictionaryDump> after = readOrReport(request.after, request.output);
-    if (!before || !after) return ExitStatus::WrongUsage;
+    if (!before || !after || !areComparable(*before, *after)) return ExitStatus::WrongUsage;
     return compare(request, *before, *after);
   } catch (const std::exception& error) {
     reportError(error.what());

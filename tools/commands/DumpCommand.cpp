@@ -32,7 +32,7 @@ constexpr SubcommandHelp dumpHelp = {
 ExitStatus runDump(const DumpRequest& request) {
   return withDictionary(request.load, request.output, [&](const LoadOutcome& outcome) {
     const bool asJson = request.output.format == Formats::json;
-    writeResult(request.output, asJson ? dictionaryJson(outcome) : dictionaryText(outcome));
+    writeResult(request.output, asJson ? dictionaryJson(request.load, outcome) : dictionaryText(outcome));
     return ExitStatus::Success;
   });
 }

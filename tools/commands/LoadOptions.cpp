@@ -65,16 +65,16 @@ void requireSchemas(const LoadRequest& request) {
   if (request.schemas.empty()) throw CLI::RequiredError("--dictionary or --scheme");
 }
 
-bool outputIsInput(const LoadRequest& request, const OutputOptions& output) {
+bool isOutputRefused(const LoadRequest& request, const OutputOptions& output) {
   std::vector<std::string> inputs;
   if (request.multiplex) inputs.push_back(*request.multiplex);
   for (const SchemaFile& file : request.schemas) inputs.push_back(file.path);
-  return outputIsInput(output, inputs);
+  return isOutputRefused(output, inputs);
 }
 
 ExitStatus withDictionary(const LoadRequest& request, const OutputOptions& output,
                           const std::function<ExitStatus(const LoadOutcome&)>& action) {
-  if (outputIsInput(request, output)) return ExitStatus::WrongUsage;
+  if (isOutputRefused(request, output)) return ExitStatus::WrongUsage;
   LoadOutcome outcome;
   TroubleReport trouble(output);
   bool isComplete = loadSchemas(request, outcome, [&](const LoadRecord& record) { trouble.tell(record); });

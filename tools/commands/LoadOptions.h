@@ -21,8 +21,8 @@ void declareContentOptions(CLI::App& subcommand, LoadRequest& request);
 /// @throws CLI::ParseError  the command line named neither a dictionary nor a scheme.
 void requireSchemas(const LoadRequest& request);
 
-/// Whether the output would replace one of the schemas; if so, that is told.
-bool outputIsInput(const LoadRequest& request, const OutputOptions& output);
+/// Whether the output would replace one of the schemas or another XML Schema; if so, that is told.
+bool isOutputRefused(const LoadRequest& request, const OutputOptions& output);
 
 /// Loads the schemas, tells what went wrong on the standard error stream, and passes what was loaded on.
 /// @param action  not called when a file failed, is not what it was given as, or no element was loaded, unless the request

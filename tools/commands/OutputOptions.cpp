@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 #include <unistd.h>
 
@@ -17,6 +18,7 @@ namespace MXF::Tessel::Tool {
 namespace {
 
 constexpr const char* outputGroup = "Output";
+constexpr std::string_view htmlStart = "<!DOCTYPE html>";  // of reports, which may tell of schemas
 
 /// https://no-color.org: set, and not to the empty text.
 bool isSet(const char* variable) {
@@ -33,6 +35,20 @@ bool isDumbTerminal() {
 bool wantsColour(const OutputOptions& options, int descriptor) {
   if (options.colour != "auto") return options.colour == "always";
   return ::isatty(descriptor) == 1 && !isSet("NO_COLOR") && !isDumbTerminal();
+}
+
+/// Whether the file looks like an XML Schema document, in UTF-8 or UTF-16, well-formed or not. Nothing that we write does.
+bool isSchema(const std::string& path) {
+  constexpr std::size_t enough = std::size_t{1} << 20U;  // for the start tag, whatever comments stand before it
+  std::ifstream file(path, std::ios::binary);
+  std::string text(enough, '\0');
+  file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<std::size_t>(file.gcount()));
+  text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());
+  const std::size_t begin = text.find_first_not_of("\xEF\xBB\xBF\xFE\xFF \t\r\n");
+  if (begin == std::string::npos || text[begin] != '<') return false;
+  return text.compare(begin, htmlStart.size(), htmlStart) != 0 &&
+         text.find("http://www.w3.org/2001/XMLSchema") != std::string::npos;
 }
 
 const char* nameOfKind(Style kind) {
@@ -82,7 +98,7 @@ bool isForTerminal(const OutputOptions& options) {
   return !options.file && ::isatty(STDOUT_FILENO) == 1;
 }
 
-bool outputIsInput(const OutputOptions& options, const std::vector<std::string>& inputs) {
+bool isOutputRefused(const OutputOptions& options, const std::vector<std::string>& inputs) {
   std::error_code ignored;
   if (!options.file || !std::filesystem::is_regular_file(*options.file, ignored)) return false;
   for (const std::string& input : inputs) {
@@ -90,7 +106,10 @@ bool outputIsInput(const OutputOptions& options, const std::vector<std::string>&
     reportError("--output would replace " + input + ", which is to be read");
     return true;
   }
-  return false;
+  if (!isSchema(*options.file)) return false;
+  reportError("--output would replace " + *options.file +
+              ", which is an XML Schema, as imports are; name another file, or remove that one first");
+  return true;
 }
 
 void reportProblem(const OutputOptions& options, const std::string& place, Style kind, const std::string& text) {

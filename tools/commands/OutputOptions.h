@@ -46,8 +46,9 @@ void writeResult(const OutputOptions& options, std::string_view result);
 /// Whether the result is shown to somebody, and not read by a program or kept in a file.
 bool isForTerminal(const OutputOptions& options);
 
-/// Whether the output would replace one of these files, under whatever name; if so, that is told.
-bool outputIsInput(const OutputOptions& options, const std::vector<std::string>& inputs);
+/// Whether the output would replace one of these files, under whatever name, or any file that is an XML Schema, since
+/// those that are read import others; if so, that is told.
+bool isOutputRefused(const OutputOptions& options, const std::vector<std::string>& inputs);
 
 /// Writes "PLACE: KIND: TEXT" as one line to the standard error stream, in colour as the options say.
 /// @param kind  Error, Warning, or Hint for a note.

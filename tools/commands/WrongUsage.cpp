@@ -80,6 +80,7 @@ std::string describeSurplus(const CLI::App& tool, const CLI::App& app, const std
     if (app.get_name() == "diff" && isOptionOf(*tool.get_subcommand("dump"), name)) return name + ": " + howToCompare;
     return "no such option: " + name + didYouMean(name, optionNames(app));
   }
+  if (isTool && argument == "help") return "help takes one command, as in 'mxf-metadict help dump'";
   if (isTool) return "no such command: " + argument + didYouMean(argument, commandNames(tool));
   if (app.get_name() == "diff") return argument + ": " + howToCompare;
   const auto isPositional = [](const CLI::Option* option) { return option->get_positional(); };

@@ -14,10 +14,12 @@ namespace {
 struct OptionalProperty {
   const char* key;
   const char* option;
+  bool DumpOptions::*asked;
 };
 
-constexpr OptionalProperty optionalProperties[] = {{"Documentation", "--documentation"},
-                                                   {"LengthDescription", "--length-description"}};
+constexpr OptionalProperty optionalProperties[] = {
+    {"Documentation", "--documentation", &DumpOptions::documentation},
+    {"LengthDescription", "--length-description", &DumpOptions::lengthDescription}};
 
 template <class Map>
 bool anyHas(const Map& map, const char* property) {
@@ -25,8 +27,10 @@ bool anyHas(const Map& map, const char* property) {
                      [&](const auto& entry) { return findProperty(entry.second.properties, property) != nullptr; });
 }
 
-bool hasAny(const DictionaryDump& dump, const char* property) {
-  return anyHas(dump.elements, property) || anyHas(dump.sets, property);
+/// Whether it was asked for; in a dump that does not tell, whether it is there.
+bool isDumped(const DictionaryDump& dump, const OptionalProperty& property) {
+  if (dump.options) return *dump.options.*property.asked;
+  return anyHas(dump.elements, property.key) || anyHas(dump.sets, property.key);
 }
 
 bool isEmpty(const DictionaryDump& dump) {
@@ -52,11 +56,12 @@ std::string warning(const DictionaryDump& dump, const std::string& text) {
 
 void warnOfOptions(std::vector<std::string>& warnings, const DictionaryDump& before, const DictionaryDump& after) {
   for (const OptionalProperty& property : optionalProperties) {
-    const DictionaryDump* dump = onlyOne(before, after, hasAny(before, property.key), hasAny(after, property.key));
+    const DictionaryDump* dump = onlyOne(before, after, isDumped(before, property), isDumped(after, property));
     if (dump == nullptr) continue;
     warnings.push_back(warning(*dump, std::string("was dumped with ") + property.option +
                                           " and the other dump was not: that is not compared"));
   }
+  if (before.options && after.options) return;
   if (const DictionaryDump* dump = onlyOne(before, after, hasAbstractSets(before), hasAbstractSets(after))) {
     warnings.push_back(warning(*dump,
                                "holds abstract sets and the other dump does not: if that comes of "
@@ -112,7 +117,7 @@ std::vector<Change> compareDictionaries(const DictionaryDump& before, const Dict
   if (!versions.empty()) renamed = withOldVersions(versions, after);
   Comparison comparison{before, renamed ? *renamed : after, versions, {}, {}};
   for (const OptionalProperty& property : optionalProperties) {
-    const bool isInOne = onlyOne(before, after, hasAny(before, property.key), hasAny(after, property.key)) != nullptr;
+    const bool isInOne = onlyOne(before, after, isDumped(before, property), isDumped(after, property)) != nullptr;
     if (isInOne) comparison.notDumped.emplace_back(property.key);
   }
   compareElements(comparison);
@@ -131,6 +136,15 @@ ChangeCounts countChanges(const std::vector<Change>& changes) {
     if (!change.sameAs) ++(ruleOf(change.kind).breaks ? counts.breaking : counts.compatible);
   }
   return counts;
+}
+
+std::optional<std::string> whyNotComparable(const DictionaryDump& before, const DictionaryDump& after) {
+  if (!before.options || !after.options) return std::nullopt;
+  if (before.options->abstractGroups == after.options->abstractGroups) return std::nullopt;
+  const DictionaryDump& with = before.options->abstractGroups ? before : after;
+  const DictionaryDump& without = before.options->abstractGroups ? after : before;
+  return with.path + ": error: was dumped with --abstract-groups, and " + without.path +
+         " without: dump both with it, or both without";
 }
 
 std::vector<std::string> comparisonWarnings(const DictionaryDump& before, const DictionaryDump& after) {

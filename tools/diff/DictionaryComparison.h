@@ -44,6 +44,10 @@ struct ChangeCounts {
 /// How many changes there are, those left out that another one tells.
 ChangeCounts countChanges(const std::vector<Change>& changes);
 
+/// Why two dumps cannot be compared: the one was made with an option that makes other sets of the same schemas, and the
+/// other without it. A line "PATH: error: ..."; nothing when they can be compared, or do not tell their options.
+std::optional<std::string> whyNotComparable(const DictionaryDump& before, const DictionaryDump& after);
+
 /// What may make a comparison mean something else than its reader thinks, such as dumps with different options.
 /// Lines "PATH: warning: ...".
 std::vector<std::string> comparisonWarnings(const DictionaryDump& before, const DictionaryDump& after);

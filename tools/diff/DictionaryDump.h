@@ -44,9 +44,17 @@ struct DumpedSet {
   DumpedProperties properties;
 };
 
+/// What a dump was made with.
+struct DumpOptions {
+  bool abstractGroups = false;
+  bool documentation = false;
+  bool lengthDescription = false;
+};
+
 struct DictionaryDump {
   std::string path;  ///< Of the dump, its bytes as given.
   std::string targetNamespace;
+  std::optional<DumpOptions> options;  ///< None in dumps of versions that did not tell.
   std::size_t failedLoads = 0;
   std::map<std::string, DumpedElement> elements;            ///< By label.
   std::map<std::string, DumpedSet> sets;                    ///< By key.

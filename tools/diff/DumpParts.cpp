@@ -55,7 +55,8 @@ class Node {
   [[nodiscard]] bool isNull() const { return json_.is_null(); }
 
   /// Checks that it is an object with these members. Further ones are noted, since nobody compares them.
-  void expectMembers(std::initializer_list<const char*> names) const {
+  /// @param optional  may be there.
+  void expectMembers(std::initializer_list<const char*> names, const char* optional = "") const {
     if (!json_.is_object()) fail("an object");
     for (const char* name : names) {
       if (!json_.contains(name)) {
@@ -64,7 +65,7 @@ class Node {
     }
     if (json_.size() == names.size()) return;
     for (const auto& member : json_.items()) {
-      if (!isOneOf(member.key(), names)) unknownMembers_.insert(member.key());
+      if (!isOneOf(member.key(), names) && member.key() != optional) unknownMembers_.insert(member.key());
     }
   }
 
@@ -92,6 +93,11 @@ class Node {
   [[nodiscard]] const std::string& word(const Words& words, const char* what) const {
     if (!isOneOf(text(), words)) fail(what);
     return text();
+  }
+
+  [[nodiscard]] bool truth() const {
+    if (!json_.is_boolean()) fail("true or false");
+    return json_.get<bool>();
   }
 
   [[nodiscard]] int dataType() const {
@@ -157,6 +163,12 @@ DumpedSet setOf(const Node& node) {
   return set;
 }
 
+DumpOptions optionsOf(const Node& node) {
+  node.expectMembers({"abstractGroups", "documentation", "lengthDescription"});
+  return {node.member("abstractGroups").truth(), node.member("documentation").truth(),
+          node.member("lengthDescription").truth()};
+}
+
 std::size_t failedLoadsOf(const Node& loads) {
   std::size_t failures = 0;
   loads.forEachItem([&](const Node& load) {
@@ -171,9 +183,10 @@ std::size_t failedLoadsOf(const Node& loads) {
 DictionaryDump dumpOf(const Json& document) {
   DictionaryDump dump;
   const Node root(document, "", dump.unknownMembers);
-  root.expectMembers({"targetNamespace", "loads", "elements", "sets", "localTags"});
+  root.expectMembers({"targetNamespace", "loads", "elements", "sets", "localTags"}, "options");
   const std::string_view namespaces[] = {urnNamespace, registryNamespace};
   dump.targetNamespace = root.member("targetNamespace").word(namespaces, "a multiplex namespace");
+  if (document.contains("options")) dump.options = optionsOf(root.member("options"));
   dump.failedLoads = failedLoadsOf(root.member("loads"));
   root.member("elements").forEachItem([&](const Node& node) {
     DumpedElement element = elementOf(node);

@@ -11,25 +11,25 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
-std::string typeName(int type) {
+std::string dumpedTypeName(int type) {
   const auto name =
       Utils::wstringToString(Types::Identifiers::identifierToString(static_cast<Types::Identifiers::Identifier>(type)));
   return {name.begin(), name.end()};
 }
 
 /// "UInt8", "Batch of UInt8".
-std::string typeText(const DumpedElement& element) {
-  return typeName(element.dataType) + (element.dataSubType ? " of " + typeName(*element.dataSubType) : "");
+std::string dumpedTypeText(const DumpedElement& element) {
+  return dumpedTypeName(element.dataType) + (element.dataSubType ? " of " + dumpedTypeName(*element.dataSubType) : "");
 }
 
 void compareTypes(Comparison& comparison, const Change& about, const DumpedElement& before,
                   const DumpedElement& after) {
   if (before.className != after.className || before.dataType != after.dataType) {
-    const bool namesDiffer = typeText(before) != typeText(after);
-    comparison.add(about, ChangeKind::DataTypeChanged, namesDiffer ? typeText(before) : before.className,
-                   namesDiffer ? typeText(after) : after.className);
+    const bool namesDiffer = dumpedTypeText(before) != dumpedTypeText(after);
+    comparison.add(about, ChangeKind::DataTypeChanged, namesDiffer ? dumpedTypeText(before) : before.className,
+                   namesDiffer ? dumpedTypeText(after) : after.className);
   } else if (before.dataSubType != after.dataSubType) {
-    comparison.add(about, ChangeKind::ItemTypeChanged, typeText(before), typeText(after));
+    comparison.add(about, ChangeKind::ItemTypeChanged, dumpedTypeText(before), dumpedTypeText(after));
   }
 }
 
@@ -94,17 +94,17 @@ void compareElement(Comparison& comparison, const DumpedElement& before, const D
 }  // namespace
 
 void compareElements(Comparison& comparison) {
-  forEachInEither(comparison.before.elements, comparison.after.elements,
-                  [&](const std::string& label, const DumpedElement* before, const DumpedElement* after) {
-                    if (after == nullptr) {
-                      comparison.add(aboutElement(comparison, label), ChangeKind::ElementRemoved, typeText(*before));
-                    } else if (before == nullptr) {
-                      comparison.add(aboutElement(comparison, label), ChangeKind::ElementAdded, nullptr,
-                                     typeText(*after));
-                    } else {
-                      compareElement(comparison, *before, *after);
-                    }
-                  });
+  forEachInEither(
+      comparison.before.elements, comparison.after.elements,
+      [&](const std::string& label, const DumpedElement* before, const DumpedElement* after) {
+        if (after == nullptr) {
+          comparison.add(aboutElement(comparison, label), ChangeKind::ElementRemoved, dumpedTypeText(*before));
+        } else if (before == nullptr) {
+          comparison.add(aboutElement(comparison, label), ChangeKind::ElementAdded, nullptr, dumpedTypeText(*after));
+        } else {
+          compareElement(comparison, *before, *after);
+        }
+      });
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -56,10 +56,6 @@ std::string keyText(const MetaMetadataSet& set) {
   return encode(printable(set.key().toString(textForm)));
 }
 
-bool isAbstract(const MetaMetadataSet& set) {
-  return propertyText(set, PropertyKeys::isAbstract) == U"true";
-}
-
 struct ReferenceKind {
   bool isWeak;
   bool isMany;

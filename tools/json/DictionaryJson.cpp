@@ -38,6 +38,13 @@ Json propertiesJson(const PropertyMap& map) {
   return properties;
 }
 
+/// What decides on the content beside the schemas.
+Json optionsJson(const LoadRequest& request) {
+  return {{"abstractGroups", request.abstractGroups},
+          {"documentation", request.documentation},
+          {"lengthDescription", request.lengthDescription}};
+}
+
 Json errorJson(const Failure& failure) {
   const Utils::SourceLocation& place = failure.place;
   return {{"class", failure.className},
@@ -118,7 +125,7 @@ Json setJson(const MetaMetadataSet& set) {
 
 }  // namespace
 
-std::string dictionaryJson(const LoadOutcome& outcome) {
+std::string dictionaryJson(const LoadRequest& request, const LoadOutcome& outcome) {
   const MetaMetadata::Dictionary& dictionary = outcome.dictionary;
   Json elements = Json::array();
   for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry) {
@@ -133,6 +140,7 @@ std::string dictionaryJson(const LoadOutcome& outcome) {
     localTags.push_back({{"tag", textOf(tag)}, {"label", textOf(label)}});
   }
   return writeJson({{"targetNamespace", jsonString(outcome.targetNamespace)},
+                    {"options", optionsJson(request)},
                     {"loads", loadsJson(outcome.loads)},
                     {"elements", std::move(elements)},
                     {"sets", std::move(sets)},

@@ -6,6 +6,7 @@
 #include "analysis/PendingReferences.h"
 #include "json/JsonText.h"
 #include "json/ValueJson.h"
+#include "text/ElementText.h"
 #include "text/IdentifierForm.h"
 
 #include <MetaMetadata/AttributeRequiredStatus.h>
@@ -61,14 +62,14 @@ Json originJson(const PropertyMap& map) {
   return {{"path", jsonString(origin.path())}, {"line", origin.line()}, {"column", origin.column()}};
 }
 
-Json typeName(Types::Identifiers::Identifier type) {
+Json typeNameJson(Types::Identifiers::Identifier type) {
   return jsonString(Types::Identifiers::identifierToString(type));
 }
 
 Json itemTypeName(const MetaElement& element) {
   MetaMetadata::Visitors::GetMetaElementVisitor<MetaMetadata::MetaCollectionElement> visitor;
   element.accept(visitor);
-  return visitor.get() == nullptr ? Json() : typeName(visitor.get()->dataSubType());
+  return visitor.get() == nullptr ? Json() : typeNameJson(visitor.get()->dataSubType());
 }
 
 Json pendingJson(const MetaElement& element) {
@@ -101,7 +102,7 @@ Json usesJson(const DictionaryIndex& index, const MetaElement& element) {
 
 Json elementJson(const DictionaryIndex& index, const MetaElement& element) {
   Json json = reference(element);
-  json["dataType"] = typeName(element.dataType());
+  json["dataType"] = typeNameJson(element.dataType());
   json["dataSubType"] = itemTypeName(element);
   json["localTags"] = array(index.dictionary().localTagsOf(element.universalLabel()),
                             [](const Types::LocalTag& tag) { return jsonString(tag.toString(textForm)); });
@@ -122,7 +123,7 @@ Json attributesJson(const DictionaryIndex& index, const MetaMetadataSet& set) {
   for (std::size_t i = 0; i < set.metaAttributes().size(); ++i) {
     const MetaElement& element = set.metaAttributes()[i]->metaElement();
     Json json = {{"element", reference(element)},
-                 {"dataType", typeName(element.dataType())},
+                 {"dataType", typeNameJson(element.dataType())},
                  {"dataSubType", itemTypeName(element)}};
     addAttribute(json, index, set, i);
     attributes.push_back(std::move(json));
@@ -149,9 +150,8 @@ Json referencedByJson(const DictionaryIndex& index, const MetaMetadataSet& set) 
 Json setJson(const DictionaryIndex& index, const MetaMetadataSet& set) {
   const DictionaryIndex::Sets bases = index.basesOf(set);
   const auto missing = index.missingBaseOf(bases.empty() ? set : *bases.back());
-  const Templates::WideString* isAbstract = findProperty(set, PropertyKeys::isAbstract);
   Json json = reference(set);
-  json["abstract"] = isAbstract != nullptr && *isAbstract == L"true";
+  json["abstract"] = isAbstract(set);
   json["bases"] = references(bases);
   json["missingBase"] = missing ? jsonString(*missing) : Json();
   json["derived"] = references(index.derivedFrom(set));

@@ -5,17 +5,22 @@
 
 #include "loading/Annotations.h"
 #include "loading/DuplicateDeclarations.h"
+#include "loading/EncodingFault.h"
+#include "loading/MissingElement.h"
 #include "loading/NothingLoaded.h"
 #include "loading/SchemaDocument.h"
 #include "text/Unicode.h"
 
 #include <MetaMetadata/AttributeRequiredStatus.h>
+#include <Utils/TextConversion.h>
+#include <XMLUtils/SourcePosition.h>
 #include <XMLUtils/TextConversion.h>
 
 #include <xercesc/dom/DOMNodeList.hpp>
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 #include <string_view>
 #include <system_error>
 
@@ -25,10 +30,6 @@ using Templates::WideString;
 using xercesc::DOMElement;
 
 namespace {
-
-std::string quoted(const WideString& text) {
-  return '"' + narrow(text) + '"';
-}
 
 /// What there is to tell a failure's reason from.
 struct Case {
@@ -73,13 +74,29 @@ std::string remedyOfIoError(const Case& fault) {
   const std::string what = path == fault.record.file.path ? "The file" : "The imported file";
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored)) return what + " is a directory; name a file in it.";
-  if (std::filesystem::exists(path, ignored)) return what + " is there, but cannot be read.";
+  const bool isThere = std::filesystem::exists(path, ignored);
+  if (isThere && !std::filesystem::is_regular_file(path, ignored)) {
+    return what + " is a pipe or device; only regular files are read, so write its content into one.";
+  }
+  if (isThere) return what + " is there, but this user may not read it.";
   return what + " is not there; check its name" +
          (path == fault.record.file.path ? "." : " in the schemaLocation of the import.");
 }
 
-std::string remedyOfPrefix(const Case& /*fault*/) {
-  return "The schema must bind the prefix xs: xmlns:xs=\"http://www.w3.org/2001/XMLSchema\".";
+constexpr std::u16string_view schemaNamespace = u"http://www.w3.org/2001/XMLSchema";
+constexpr std::wstring_view unboundPrefix = L"No namespace for prefix 'xs'";  // the one that the loader's queries use
+
+std::string remedyOfPrefix(const Case& fault) {
+  std::string isNoSchema;
+  atFault(fault, [&](const DOMElement& root) {
+    const XMLCh* uri = root.getNamespaceURI();
+    if (isNamed(root, u"schema") && uri != nullptr && uri == schemaNamespace) return;
+    isNoSchema = "The file is no XML Schema: its root is " + inQuotes(XMLUtils::toWstring(root.getNodeName())) + ".";
+  });
+  if (!isNoSchema.empty()) return isNoSchema;
+  return "Schemas are searched with the prefix xs, so that the root must bind it, beside any other prefix: "
+         "xmlns:xs=\"" +
+         narrowSource(schemaNamespace) + "\".";
 }
 
 std::string remedyOfXml(const Case& fault) {
@@ -126,34 +143,53 @@ std::string remedyOfStatus(const Case& fault) {
     words += words.empty() ? "" : status == Status::BestEffort ? " or " : ", ";
     words += narrow(MetaMetadata::AttributeRequiredStatus::instance().toString(status));
   }
-  return blanksAround(fault.value) + "A required status is " + words + ", exactly so, and not " + quoted(fault.value) +
-         ".";
+  return blanksAround(fault.value) + "A required status is " + words + ", exactly so, and not " +
+         inQuotes(fault.value) + ".";
 }
 
-/// The name of the type that an element declaration has, or else that the type within it is made from.
-WideString declaredTypeOf(const DOMElement& declaration) {
-  if (declaration.hasAttribute(u"type")) return XMLUtils::toWstring(declaration.getAttribute(u"type"));
+/// The first element within that has the attribute, or null.
+const DOMElement* firstWith(const XMLCh* attribute, const DOMElement& declaration) {
   const xercesc::DOMNodeList* inner = declaration.getElementsByTagName(u"*");
   for (XMLSize_t i = 0; i < inner->getLength(); ++i) {
     const auto& element = static_cast<const DOMElement&>(*inner->item(i));
-    if (element.hasAttribute(u"base")) return XMLUtils::toWstring(element.getAttribute(u"base"));
+    if (element.hasAttribute(attribute)) return &element;
   }
-  return {};
+  return nullptr;
 }
+
+constexpr const char* dataTypeAdvice = "one of the data types of the standard by its name, such as UInt32";
 
 std::string remedyOfType(const Case& fault) {
-  std::string has = "The element has no type.";
+  const std::string advice =
+      std::string("Give it ") + dataTypeAdvice +
+      ", UTF16String, UUID or Rational, or, for a collection or reference, an anonymous type inside the element, an "
+      "xs:complexType that extends Array, Batch or StrongRefHolder.";
+  std::string has = "The element has no type. ";
   atFault(fault, [&](const DOMElement& element) {
-    const WideString type = declaredTypeOf(element);
-    if (!type.empty()) has = "The element has the type " + quoted(type) + ".";
+    if (element.hasAttribute(u"type")) {
+      has = "The element has the type " + inQuotes(XMLUtils::toWstring(element.getAttribute(u"type"))) +
+            ", which is no data type; types that a schema names itself or imports are not followed. ";
+    } else if (const DOMElement* extension = firstWith(u"base", element)) {
+      has = "The type inside the element extends " + inQuotes(XMLUtils::toWstring(extension->getAttribute(u"base"))) +
+            ", which is no data type. ";
+    }
   });
-  return has +
-         " Give it one of the data types of the standard by its name, such as UInt32, UTF16String, UUID, Rational, or "
-         "as the base of a type of its own Array, Batch or StrongRefHolder.";
+  return has + advice;
 }
 
-std::string remedyOfItemType(const Case& /*fault*/) {
-  return "Give the element within the collection one of the data types of the standard by its name, such as UInt32.";
+std::string remedyOfItemType(const Case& fault) {
+  std::string has = "No element within the collection has a type. ";
+  atFault(fault, [&](const DOMElement& element) {
+    if (element.hasAttribute(u"type")) {
+      has = "The element has the type " + inQuotes(XMLUtils::toWstring(element.getAttribute(u"type"))) +
+            " itself; write an anonymous type inside the element instead, an xs:complexType that extends it and has an "
+            "xs:sequence with one element. ";
+    } else if (const DOMElement* item = firstWith(u"type", element)) {
+      has = "The element within the collection has the type " +
+            inQuotes(XMLUtils::toWstring(item->getAttribute(u"type"))) + ", which is none that items can have. ";
+    }
+  });
+  return has + "Give the element within " + dataTypeAdvice + ".";
 }
 
 std::string remedyOfItemName(const Case& /*fault*/) {
@@ -161,7 +197,12 @@ std::string remedyOfItemName(const Case& /*fault*/) {
 }
 
 std::string remedyOfIdentifier(const Case& fault) {
-  return blanksAround(fault.value) + "Write a label or key as 16 bytes of two hexadecimal digits, joined by dots.";
+  const WideString& text = fault.value;
+  constexpr std::ptrdiff_t size = 16;
+  const bool isDotted = !text.empty() && text.find_first_not_of(L"0123456789ABCDEFabcdef.") == WideString::npos;
+  const auto bytes = std::count(text.begin(), text.end(), L'.') + 1;
+  return blanksAround(text) + "Write a label or key as 16 bytes of two hexadecimal digits, joined by dots" +
+         (isDotted && bytes > 1 && bytes != size ? "; this has " + std::to_string(bytes) + "." : ".");
 }
 
 std::string remedyOfLocalTag(const Case& fault) {
@@ -181,7 +222,7 @@ std::string remedyOfTypeCircle(const Case& /*fault*/) {
 }
 
 std::string remedyOfNamespace(const Case& fault) {
-  return "Bind a prefix to it at the root of the schema: xmlns:PREFIX=" + quoted(fault.value) + ".";
+  return "Bind a prefix to it at the root of the schema: xmlns:PREFIX=" + inQuotes(fault.value) + ".";
 }
 
 std::string remedyOfTargetNamespace(const Case& /*fault*/) {
@@ -196,18 +237,9 @@ std::string remedyOfDuplicateSet(const Case& /*fault*/) {
   return "Give one of the two another key, or load only one of their schemes.";
 }
 
-std::string remedyOfMissingElement(const Case& fault) {
-  const auto& loads = fault.outcome.loads;
-  if (std::any_of(loads.begin(), loads.end(), [](const LoadRecord& before) {
-        return before.failure && before.file.kind == FileKind::Dictionary;
-      })) {
-    return "First correct what failed to load before: it may declare the element.";
-  }
-  const MetaMetadata::Dictionary& dictionary = fault.outcome.dictionary;
-  if (dictionary.metaElementBegin() == dictionary.metaElementEnd()) {
-    return "Groups refer to elements, and none are loaded: give their schemas with --dictionary before it.";
-  }
-  return "Load the schema that declares the element before this one, or correct the reference.";
+std::string remedyOfReference(const Case& fault) {
+  const WideString reference = fault.value.substr(0, fault.value.find(L' '));
+  return remedyOfMissingElement(fault.failure(), reference, fault.outcome);
 }
 
 /// What to say of failures of a class of which the message begins so, or holds that if it begins with "*".
@@ -225,7 +257,7 @@ constexpr Row rows[] = {
     {"SAXParseException", L"", remedyOfXml},
     {"MetaElementAlreadyLoaded", L"", remedyOfDuplicateElement},
     {"MetaMetadataSetAlreadyLoaded", L"", remedyOfDuplicateSet},
-    {"NotFound", L"", remedyOfMissingElement},
+    {"NotFound", L"The ", remedyOfReference},
     {"InvalidULDesignator", L"", remedyOfIdentifier},
     {"TypeNotSupportedException", L"", remedyOfType},
     {"InvalidMetaElementDeclaration", L"MetaElement without UniversalLabel.", remedyOfElementLabel},
@@ -252,6 +284,13 @@ std::string meaningOf(const Failure& failure) {
   return "";
 }
 
+/// Whether the text of the document, and not its meaning, may be at fault.
+bool isOfParser(const Failure& failure) {
+  constexpr std::string_view classes[] = {"ParseError", "SAXParseException", "SAXException", "UTFDataFormatException",
+                                          "XMLException"};
+  return std::find(std::begin(classes), std::end(classes), failure.className) != std::end(classes);
+}
+
 bool applies(const Row& row, const Failure& failure) {
   if (row.className != failure.className) return false;
   const bool isAnywhere = !row.start.empty() && row.start.front() == L'*';
@@ -268,6 +307,18 @@ WideString valueAfter(const Row& row, const Failure& failure) {
 
 }  // namespace
 
+void findPlace(const SchemaFile& file, Failure& failure) {
+  if (failure.place.isKnown() || failure.message.find(unboundPrefix) == WideString::npos) return;
+  const WideString path = Utils::stringToWstring(file.path.c_str());
+  lookInto(path, [&](const xercesc::DOMDocument& document) {
+    const DOMElement& root = *document.getDocumentElement();
+    const XMLCh* bound = root.lookupNamespaceURI(u"xs");
+    if (bound != nullptr) return;  // then it is an import that does not bind it
+    const XMLUtils::SourcePosition position = XMLUtils::positionOf(root);
+    failure.place = {std::make_shared<const WideString>(path), position.line, position.column};
+  });
+}
+
 Explanation explainFailure(const LoadRecord& record, const LoadOutcome& outcome, bool withAbstractGroups) {
   const Failure& failure = *record.failure;
   Explanation explanation;
@@ -279,6 +330,11 @@ Explanation explainFailure(const LoadRecord& record, const LoadOutcome& outcome,
   if (record.file.kind == FileKind::Multiplex) {
     const std::string remedy = remedyOfNoMultiplex(record.file);
     if (!remedy.empty()) explanation.remedy = remedy;
+  }
+  if (isOfParser(failure)) {
+    const WideString file = Utils::stringToWstring(record.file.path.c_str());
+    Explanation bytes = explainBytes(failure.place.isKnown() ? failure.place.path() : file);
+    if (!bytes.remedy.empty()) explanation = std::move(bytes);
   }
   explanation.meaning = meaningOf(failure);
   addFirstDeclaration(failure, outcome, explanation);

@@ -4,6 +4,7 @@
 
 #include "loading/Annotations.h"
 #include "loading/SchemaContents.h"
+#include "loading/ShippedSchemas.h"
 #include "text/Unicode.h"
 
 #include <filesystem>
@@ -30,11 +31,13 @@ const char* nounOf(FileKind kind) {
   return kind == FileKind::Dictionary ? "element" : "group";
 }
 
-/// How to ask for a flavour: the multiplex schema beside the file if there is one, else what it has to be like.
+/// How to ask for a flavour: the multiplex schema beside the file if there is one, else what it has to be like. Nothing
+/// of it but its namespace matters, so that ours serves for everybody's schemas.
 std::string howToChoose(const Annotations& flavour, const std::string& file) {
   const std::string beside = (std::filesystem::path(file).parent_path() / "multiplex.xsd").string();
   const std::optional<SchemaContents> found = schemaContents(beside);
   if (found && found->targetNamespace == flavour.multiplexNamespace) return "--multiplex " + beside;
+  if (&flavour == &registryAnnotations) return "--multiplex " + shippedMultiplex();
   return "--multiplex with a schema of the target namespace " + narrow(flavour.multiplexNamespace);
 }
 
@@ -94,7 +97,9 @@ std::string remedyOfNoMultiplex(const SchemaFile& file) {
   if (elements > 0) return "It declares " + counted(elements, "element") + ": give it with --dictionary.";
   if (groups > 0) return "It declares " + counted(groups, "group") + ": give it with --scheme.";
   return "A multiplex schema has the target namespace " + narrow(urnMultiplexNamespace) + " or " +
-         narrow(registryMultiplexNamespace) + ".";
+         narrow(registryMultiplexNamespace) +
+         ", and nothing else of it matters: for schemas in the registry flavour, " + "whatever their edition, give " +
+         shippedMultiplex() + "; for those in the URN flavour none is needed.";
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -87,6 +87,7 @@ LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, co
   tryToLoad(loader, record, request, outcome.dictionary);
   outcome.targetNamespace = loader.getTargetNamespace();
   if (record.failure) {
+    findPlace(file, *record.failure);
     record.explanation = explainFailure(record, outcome, request.abstractGroups);
     record.sameAs = sameFailureBefore(*record.failure, outcome.loads);
   } else if (file.kind != FileKind::Multiplex && countDeclared(file.kind, outcome.dictionary) == before) {

@@ -49,8 +49,4 @@ TemplateData originOf(const MetaMetadata::PropertyMap& declared) {
   return textOrNothing(printable(declared.origin().toString()));
 }
 
-bool isAbstract(const MetaMetadataSet& set) {
-  return propertyText(set, MetaMetadata::PropertyKeys::isAbstract) == U"true";
-}
-
 }  // namespace MXF::Tessel::Tool

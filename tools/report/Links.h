@@ -22,6 +22,4 @@ TemplateData linksTo(const DictionaryIndex::Sets& sets);
 /// "PATH:LINE:COLUMN" of the declaration, or false when it is not known.
 TemplateData originOf(const MetaMetadata::PropertyMap& declared);
 
-bool isAbstract(const MetaMetadata::MetaMetadataSet& set);
-
 }  // namespace MXF::Tessel::Tool

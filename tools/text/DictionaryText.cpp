@@ -13,6 +13,8 @@
 
 #include <Utils/TextConversion.h>
 
+#include <map>
+
 namespace MXF::Tessel::Tool {
 
 using MetaMetadata::Dictionary;
@@ -56,17 +58,29 @@ void appendLocalTags(std::string& page, const Dictionary& dictionary) {
   table.appendTo(page);
 }
 
+/// By namespace, as its name is long: on a line of its own it stays in one piece.
 void appendUnresolvedReferences(std::string& page, const Dictionary& dictionary) {
-  TextTable table({{U"Element", true}, {U"Set", true}, {U"Namespace", true}});
+  std::map<Templates::WideString, TextTable> tables;
   std::size_t count = 0;
   for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry) {
+    std::map<Templates::WideString, std::u32string> sets;
     for (const PendingReference& reference : pendingReferences(*entry->second)) {
-      table.addRow({nameText(*entry->second), printable(reference.setName), printable(reference.namespaceUri)});
+      std::u32string& names = sets[reference.namespaceUri];
+      names += (names.empty() ? U"" : U", ") + printable(reference.setName);
       ++count;
+    }
+    for (const auto& [uri, names] : sets) {
+      TextTable& table =
+          tables.try_emplace(uri, std::vector<TextTable::Column>{{U"Element", true}, {U"Sets", true}}).first->second;
+      table.addRow({nameText(*entry->second), names});
     }
   }
   appendHeading(page, U"Unresolved references", count);
-  table.appendTo(page);
+  for (const auto& [uri, table] : tables) {
+    if (&table != &tables.begin()->second) page += '\n';
+    appendParagraph(page, 2, printable(uri));
+    table.appendTo(page);
+  }
 }
 
 }  // namespace

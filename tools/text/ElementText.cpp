@@ -21,7 +21,7 @@ namespace PropertyKeys = MetaMetadata::PropertyKeys;
 
 namespace {
 
-std::u32string typeName(Types::Identifiers::Identifier identifier) {
+std::u32string nameOfType(Types::Identifiers::Identifier identifier) {
   return printable(Types::Identifiers::identifierToString(identifier));
 }
 
@@ -33,7 +33,7 @@ const Facet* as(const MetaElement& element) {
   return visitor.get();
 }
 
-std::u32string setName(const KLV::Key& key, const Dictionary& dictionary) {
+std::u32string targetName(const KLV::Key& key, const Dictionary& dictionary) {
   const MetaMetadataSet* set = dictionary.findMetaMetadataSet(key);
   return set != nullptr ? nameText(*set) : printable(key.toString(Types::StringRepresentationEncodingType::DottedHex));
 }
@@ -45,14 +45,18 @@ std::u32string propertyText(const PropertyMap& map, const wchar_t* key) {
   return property == nullptr ? std::u32string() : printable(*property);
 }
 
+bool isAbstract(const MetaMetadataSet& set) {
+  return propertyText(set, PropertyKeys::isAbstract) == U"true";
+}
+
 std::u32string nameText(const PropertyMap& map) {
   return propertyText(map, PropertyKeys::name);
 }
 
 std::u32string dataTypeText(const MetaElement& element) {
-  std::u32string text = typeName(element.dataType());
+  std::u32string text = nameOfType(element.dataType());
   if (const auto* collection = as<MetaMetadata::MetaCollectionElement>(element)) {
-    text += U" of " + typeName(collection->dataSubType());
+    text += U" of " + nameOfType(collection->dataSubType());
   }
   return text;
 }
@@ -62,7 +66,7 @@ std::u32string typeText(const MetaElement& element, const Dictionary& dictionary
   if (const auto* reference = as<MetaMetadata::MetaReferenceHolder>(element)) {
     const char32_t* separator = U" to ";
     for (const KLV::Key& key : reference->allowedMetadataSets()) {
-      text += separator + setName(key, dictionary);
+      text += separator + targetName(key, dictionary);
       separator = U", ";
     }
   }

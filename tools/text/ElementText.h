@@ -2,6 +2,7 @@
 
 #include <MetaMetadata/Dictionary.h>
 #include <MetaMetadata/MetaElement.h>
+#include <MetaMetadata/MetaMetadataSet.h>
 #include <MetaMetadata/PropertyMap.h>
 
 #include <string>
@@ -12,6 +13,9 @@ namespace MXF::Tessel::Tool {
 
 /// The value of a property, or the empty text when there is none.
 std::u32string propertyText(const MetaMetadata::PropertyMap& map, const wchar_t* key);
+
+/// Whether the set is made of an abstract group.
+bool isAbstract(const MetaMetadata::MetaMetadataSet& set);
 
 /// The registry name.
 std::u32string nameText(const MetaMetadata::PropertyMap& map);

@@ -4,6 +4,7 @@
 
 #include "analysis/OwnUses.h"
 #include "analysis/PendingReferences.h"
+#include "loading/Failure.h"
 #include "text/AttributeText.h"
 #include "text/ElementText.h"
 #include "text/IdentifierForm.h"
@@ -13,6 +14,7 @@
 
 #include <MetaMetadata/PropertyKeys.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace MXF::Tessel::Tool {
@@ -37,8 +39,7 @@ void appendFact(std::string& page, std::u32string what, const std::u32string& te
 }
 
 std::u32string titleOf(const MetaMetadataSet& set) {
-  const bool isAbstract = propertyText(set, PropertyKeys::isAbstract) == U"true";
-  return nameText(set) + (isAbstract ? U" (abstract)" : U"");
+  return nameText(set) + (isAbstract(set) ? U" (abstract)" : U"");
 }
 
 template <class List, class ToText>
@@ -48,7 +49,7 @@ std::u32string listed(const List& list, const char32_t* separator, const ToText&
   return text;
 }
 
-std::u32string namesOf(const DictionaryIndex::Sets& sets) {
+std::u32string setNames(const DictionaryIndex::Sets& sets) {
   return listed(sets, U", ", [](const MetaMetadataSet* set) { return titleOf(*set); });
 }
 
@@ -72,7 +73,7 @@ void appendUses(std::string& page, const DictionaryIndex& index, const MetaEleme
   const std::vector<OwnUse> uses = ownUsesOf(index, element);
   for (const OwnUse& use : uses) {
     std::vector<std::u32string> notes;
-    if (!use.heirs.empty()) notes.push_back(U"inherited by " + namesOf(use.heirs));
+    if (!use.heirs.empty()) notes.push_back(U"inherited by " + setNames(use.heirs));
     table.addRow(
         {titleOf(*use.set), tagOrDash(*use.attribute), statusText(*use.attribute), distinguishedText(*use.attribute)},
         notes);
@@ -118,21 +119,38 @@ std::u32string basesText(const DictionaryIndex& index, const MetaMetadataSet& se
   return text + (text.empty() ? U"" : U" < ") + printable(*missing) + U" (not loaded)";
 }
 
+/// The file of an attribute that a set has of a base in another file, when that base is not in the dictionary; else
+/// empty.
+std::u32string fileOfMissingBase(const DictionaryIndex& index, const MetaMetadataSet& set,
+                                 const MetaMetadata::MetaAttribute& attribute) {
+  if (!index.missingBaseOf(set) || !attribute.origin().isKnown()) return {};
+  const Templates::WideString file = shownPath(attribute.origin().path());
+  return file == shownPath(set.origin().path()) ? std::u32string() : printable(file);
+}
+
 /// @param own  whether to list the set's own attributes or the inherited ones.
 void appendAttributes(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set, bool own) {
   std::vector<TextTable::Column> columns{{U"Tag"}, {U"Name", true}, {U"Type", true}, {U"Status"}, {U"Value", true}};
-  if (!own) columns.push_back({U"From", true});
-  TextTable table(std::move(columns));
   const std::size_t inherited = index.inheritedAttributes(set);
   const auto& attributes = set.metaAttributes();
   const std::size_t first = own ? inherited : 0;
   const std::size_t end = own ? attributes.size() : inherited;
+  std::vector<std::u32string> sources;
+  for (std::size_t i = first; i < end; ++i) {
+    const MetaMetadataSet& declaring = index.declaringSet(set, i);
+    const std::u32string file = fileOfMissingBase(index, declaring, *attributes[i]);
+    sources.push_back(file.empty() && !own ? nameText(declaring) : file);
+  }
+  const bool hasSource =
+      std::any_of(sources.begin(), sources.end(), [](const std::u32string& source) { return !source.empty(); });
+  if (hasSource) columns.push_back({U"From", true});
+  TextTable table(std::move(columns));
   for (std::size_t i = first; i < end; ++i) {
     const MetaElement& element = attributes[i]->metaElement();
     std::vector<std::u32string> cells{tagOrDash(*attributes[i]), nameText(element),
                                       typeText(element, index.dictionary()), statusText(*attributes[i]),
                                       distinguishedText(*attributes[i])};
-    if (!own) cells.push_back(nameText(index.declaringSet(set, i)));
+    if (hasSource) cells.push_back(sources[i - first]);
     table.addRow(std::move(cells));
   }
   appendHeading(page, own ? U"Own attributes" : U"Inherited attributes", end - first);
@@ -146,7 +164,8 @@ void appendReferences(std::string& page, const DictionaryIndex& index, const Met
   targets.insert(targets.begin(), &set);
   for (const MetaMetadataSet* target : targets) {
     for (const MetaElement* element : index.referencesTo(*target)) {
-      table.addRow({nameText(*element), dataTypeText(*element), namesOf(holdersOf(index, *element)), titleOf(*target)});
+      table.addRow(
+          {nameText(*element), dataTypeText(*element), setNames(holdersOf(index, *element)), titleOf(*target)});
       ++count;
     }
   }
@@ -158,7 +177,7 @@ void appendSet(std::string& page, const DictionaryIndex& index, const MetaMetada
   appendParagraph(page, 0, U"Set: " + titleOf(set), Style::Heading);
   appendFact(page, U"Key", printable(set.key().toString(textForm)));
   appendFact(page, U"Derived from", basesText(index, set));
-  appendFact(page, U"Base of", namesOf(index.derivedFrom(set)));
+  appendFact(page, U"Base of", setNames(index.derivedFrom(set)));
   appendNames(page, set);
   appendFact(page, U"Documentation", withoutExtraBlanks(propertyText(set, PropertyKeys::documentation)));
   appendOrigin(page, set);

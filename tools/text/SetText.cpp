@@ -65,7 +65,7 @@ void appendTitles(std::string& page) {
 
 std::u32string setTitle(const SetTreeEntry& entry) {
   std::u32string title = nameText(*entry.set);
-  if (propertyText(*entry.set, PropertyKeys::isAbstract) == U"true") title += U" (abstract)";
+  if (isAbstract(*entry.set)) title += U" (abstract)";
   const std::size_t added = entry.set->metaAttributes().size() - entry.inheritedAttributes;
   return title + U": " + decimal(entry.inheritedAttributes) + U'+' + decimal(added);
 }

@@ -20,6 +20,10 @@ std::string encode(std::u32string_view text);
 
 /// The same of a text that may hold bytes which are not UTF-8, as paths do: they come back as they were.
 std::string narrow(const Templates::WideString& text);
+/// The same in double quotes, as messages name what is written in a schema.
+inline std::string inQuotes(const Templates::WideString& text) {
+  return '"' + narrow(text) + '"';
+}
 
 /// The text with all that would disturb a terminal or a layout taken out: control characters become blanks, lone
 /// surrogates and characters that change the direction of what follows U+FFFD.

@@ -14,7 +14,7 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
-std::u32string quotedText(const Templates::WideString& text) {
+std::u32string quotedValue(const Templates::WideString& text) {
   const std::string bytes = quoted(text);
   return printable(Utils::stringToWstring(bytes.c_str()));
 }
@@ -42,9 +42,9 @@ class ValueToText final : public Types::Visitors::Visitor {
   void visit(const Types::UInt64& value) override { setNumber(value.value()); }
   void visit(const Types::Length& value) override { setNumber(value.value()); }
   void visit(const Types::Position& value) override { setNumber(value.value()); }
-  void visit(const Types::ISO7String& value) override { text_ = quotedText(Utils::stringToWstring(value.value())); }
-  void visit(const Types::UTF16& value) override { text_ = quotedText(Templates::WideString(1, value.value())); }
-  void visit(const Types::UTF16String& value) override { text_ = quotedText(value.value()); }
+  void visit(const Types::ISO7String& value) override { text_ = quotedValue(Utils::stringToWstring(value.value())); }
+  void visit(const Types::UTF16& value) override { text_ = quotedValue(Templates::WideString(1, value.value())); }
+  void visit(const Types::UTF16String& value) override { text_ = quotedValue(value.value()); }
   void visit(const Types::Rational& value) override {
     setNumber(value.numerator());
     text_ += U'/' + fromAscii(std::to_string(value.denominator()));

@@ -27,6 +27,7 @@ OwnedMemory::~OwnedMemory() {
 }
 
 void* OwnedMemory::allocate(XMLSize_t size) {
+  if (size == watchedSize_) ++watchedBlocks_;
   try {
     if (size > std::numeric_limits<XMLSize_t>::max() - roomFor<Link>) throw xercesc::OutOfMemoryException();
     auto* block = static_cast<std::byte*>(source_.allocate(roomFor<Link> + size));

@@ -2,6 +2,8 @@
 
 #include <xercesc/framework/MemoryManager.hpp>
 
+#include <cstddef>
+
 namespace MXF::Tessel::XMLUtils {
 
 /// Memory for a parser or a query engine of the XML libraries, in which running out of it does no lasting harm: it is
@@ -28,6 +30,11 @@ class OwnedMemory : public xercesc::MemoryManager {
   bool hasRunOut() const { return hasRunOut_; }
   void forgetRunningOut() { hasRunOut_ = false; }
 
+  /// Counts the blocks of this size that are asked for: what the libraries do shows in it where they tell nothing.
+  void watch(XMLSize_t size) { watchedSize_ = size; }
+  std::size_t watchedBlocks() const { return watchedBlocks_; }
+  void forgetWatchedBlocks() { watchedBlocks_ = 0; }
+
  private:
   /// Stands before each block.
   struct Link {
@@ -38,6 +45,8 @@ class OwnedMemory : public xercesc::MemoryManager {
   xercesc::MemoryManager& source_;
   Link blocks_{&blocks_, &blocks_};  // the ring that all blocks in use are linked into
   bool hasRunOut_ = false;
+  XMLSize_t watchedSize_ = 0;
+  std::size_t watchedBlocks_ = 0;
 };
 
 }  // namespace MXF::Tessel::XMLUtils

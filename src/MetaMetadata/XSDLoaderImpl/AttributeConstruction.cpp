@@ -15,6 +15,8 @@
 #include <MetaMetadata/PropertyKeys.h>
 #include <MetaMetadata/Visitors/GetMetaElementVisitor.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -61,6 +63,12 @@ auto_ptr<Types::BaseType> distinguishedValue(const MetaElement& element, const W
   return stringToValue(element.dataType(), subType, text);
 }
 
+/// How many items a text that may be a list has.
+std::size_t itemsOf(const WideString& value) {
+  if (value.empty() || value.front() != L'{' || value.back() != L'}') return 0;
+  return 1 + static_cast<std::size_t>(std::count(value.begin(), value.end(), L','));
+}
+
 }  // namespace
 
 auto_ptr<MetaAttribute> buildAttribute(const XSDLoaderImplData& data, xercesc::DOMElement& declaration, int index,
@@ -69,6 +77,7 @@ auto_ptr<MetaAttribute> buildAttribute(const XSDLoaderImplData& data, xercesc::D
       declaration, data.schemaNamespace, [&] { return readPropertyAnnotations(data, declaration); });
   data.budget->takeAttribute();
   data.budget->takeRepeatedText(annotations.distinguishedValue.size() + annotations.semanticsValidation.size());
+  data.budget->takeItems(itemsOf(annotations.distinguishedValue));
   const WideString reference = attributeOf(declaration, u"ref");
   const Status status = requiredStatus(annotations);
   auto_ptr<LocalTag> tag = localTag(annotations);

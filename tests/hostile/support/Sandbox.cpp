@@ -1,5 +1,7 @@
 #include "Sandbox.h"
 
+#include "loader/support/Sanitizers.h"
+
 #include <array>
 #include <csignal>
 #include <cstring>
@@ -9,17 +11,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#if defined(__has_feature)
-#define TESSELMXF_HAS_FEATURE(feature) __has_feature(feature)
-#else
-#define TESSELMXF_HAS_FEATURE(feature) 0
-#endif
-#if defined(__SANITIZE_ADDRESS__) || TESSELMXF_HAS_FEATURE(address_sanitizer)
-#define TESSELMXF_ADDRESS_SANITIZER
+#ifdef TESSELMXF_ADDRESS_SANITIZER
 #include <sanitizer/lsan_interface.h>
-#endif
-#if defined(TESSELMXF_ADDRESS_SANITIZER) || defined(__SANITIZE_THREAD__) || TESSELMXF_HAS_FEATURE(thread_sanitizer)
-#define TESSELMXF_SANITIZED
 #endif
 
 namespace MXF::Tessel::Test {
@@ -32,7 +25,7 @@ void limit(int resource, rlim_t amount) {
 }
 
 void takeLimits(const Budget& budget) {
-#ifdef TESSELMXF_SANITIZED
+#if defined(TESSELMXF_ADDRESS_SANITIZER) || defined(TESSELMXF_THREAD_SANITIZER)
   constexpr unsigned int slowdown = 20;
   limit(RLIMIT_CPU, rlim_t{budget.seconds} * slowdown);
 #else

@@ -1,5 +1,6 @@
 #include "Engine.h"
 
+#include "loader/support/Sanitizers.h"
 #include "loader/support/TemporaryFolder.h"
 
 #include <XMLUtils/DocumentLoading.h>
@@ -15,14 +16,7 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xqilla/exceptions/XQillaException.hpp>
 
-#if defined(__SANITIZE_ADDRESS__)
-#define TESSELMXF_LEAKS_REPORTED
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define TESSELMXF_LEAKS_REPORTED
-#endif
-#endif
-#ifdef TESSELMXF_LEAKS_REPORTED
+#ifdef TESSELMXF_ADDRESS_SANITIZER
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -52,7 +46,7 @@ void appendNodes(DOMNode& node, std::vector<DOMNode*>& nodes) {
 }
 
 void reportLeaks([[maybe_unused]] bool reported) {
-#ifdef TESSELMXF_LEAKS_REPORTED
+#ifdef TESSELMXF_ADDRESS_SANITIZER
   reported ? __lsan_enable() : __lsan_disable();
 #endif
 }

@@ -2,39 +2,47 @@
 
 #include <xercesc/util/XMLString.hpp>
 
-#include <cstdint>
-
 namespace MXF::Tessel::XMLUtils {
 
 namespace {
 
-/// FNV-1a.
-std::uint32_t hashOn(std::uint32_t hash, const XMLCh* text) {
-  constexpr std::uint32_t prime = 16777619;
-  if (text == nullptr) return hash;
-  for (; *text != u'\0'; ++text) hash = (hash ^ *text) * prime;
-  return hash;
+std::u16string_view viewOf(const XMLCh* text) {
+  return text == nullptr ? std::u16string_view{} : std::u16string_view{text};
 }
 
 }  // namespace
 
-const Limit* DocumentBudget::useName(const XMLCh* prefix, const XMLCh* name) {
-  constexpr std::uint32_t start = 2166136261;
-  const std::uint32_t hash = hashOn(hashOn(start, prefix), name);
-  auto known = nameHashes_[(hash ^ (hash >> 16U)) % nameHashes_.size()];
-  if (known) return nullptr;
-  known = true;
-  return take(names_, 1, Limits::names);
+bool DocumentBudget::ByLength::operator()(const NameView& a, const NameView& b) const {
+  if (a.second.size() != b.second.size()) return a.second.size() < b.second.size();
+  return a < b;
 }
 
-const Limit* DocumentBudget::declarePrefix() {
-  const Limit* exceeded = take(prefixesOfElement_, 1, Limits::prefixesOfElement);
-  return exceeded != nullptr ? exceeded : take(prefixes_, 1, Limits::prefixes);
-}
-
-const Limit* DocumentBudget::haveAttributes(std::size_t count) {
+const Limit* DocumentBudget::enterElement() {
+  if (nesting_ == Limits::nesting.count) return &Limits::nesting;
+  prefixesOfLevels_[nesting_++] = prefixesOfElement_;
+  prefixesInScope_ += prefixesOfElement_;
   prefixesOfElement_ = 0;
-  return count > Limits::attributes.count ? &Limits::attributes : nullptr;
+  return nullptr;
+}
+
+const Limit* DocumentBudget::useName(const XMLCh* prefix, const XMLCh* name) {
+  const NameView used{viewOf(prefix), viewOf(name)};
+  if (names_.find(used) != names_.end()) return nullptr;
+  names_.emplace(used);
+  return names_.size() > Limits::names.count ? &Limits::names : nullptr;
+}
+
+const Limit* DocumentBudget::declarePrefix(std::size_t length, std::size_t namespaces) {
+  if (length > Limits::namespaceLength.count) return &Limits::namespaceLength;
+  const Limit* exceeded = take(prefixesOfElement_, 1, Limits::prefixesOfElement);
+  if (exceeded == nullptr) exceeded = take(prefixes_, 1, Limits::prefixes);
+  return exceeded != nullptr ? exceeded
+                             : take(namespaceCharacters_, length * (namespaces + 1), Limits::namespaceCharacters);
+}
+
+const Limit* DocumentBudget::resolvePrefix(std::size_t length) {
+  const Limit* exceeded = take(prefixComparisons_, prefixesInScope_, Limits::prefixComparisons);
+  return exceeded != nullptr ? exceeded : take(namespaceCharacters_, length, Limits::namespaceCharacters);
 }
 
 const Limit* DocumentBudget::declareEntity(const XMLCh* value, bool isParameterEntity) {

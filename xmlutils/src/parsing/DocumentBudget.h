@@ -4,8 +4,12 @@
 
 #include <xercesc/util/XercesDefs.hpp>
 
-#include <bitset>
+#include <array>
 #include <cstddef>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
 
 namespace MXF::Tessel::XMLUtils {
 
@@ -13,12 +17,25 @@ namespace MXF::Tessel::XMLUtils {
 /// is exceeded now, or null.
 class DocumentBudget {
  public:
-  const Limit* enterElement() { return take(nesting_, 1, Limits::nesting); }
-  void leaveElement() { --nesting_; }
+  const Limit* addNodes(std::size_t count) { return take(nodes_, count, Limits::nodes); }
+  /// Called when the element's own namespace declarations have all been counted.
+  const Limit* enterElement();
+  void leaveElement() { prefixesInScope_ -= prefixesOfLevels_[--nesting_]; }
   const Limit* useName(const XMLCh* prefix, const XMLCh* name);
-  const Limit* declarePrefix();
-  /// The attributes of an element, given when the element's own namespace declarations have all been counted.
-  const Limit* haveAttributes(std::size_t count);
+  /// @param length      of the namespace's name.
+  /// @param namespaces  different ones that the parser has met so far.
+  const Limit* declarePrefix(std::size_t length, std::size_t namespaces);
+  /// What a prefix stands for is looked up. @param length  of the name of the namespace that it stands for.
+  const Limit* resolvePrefix(std::size_t length);
+  const Limit* haveAttributes(std::size_t count) const {
+    return count > Limits::attributes.count ? &Limits::attributes : nullptr;
+  }
+  /// Attributes that the parser has made room for before it tells of their element. Each expansion of an entity may look
+  /// like one more.
+  const Limit* makeRoomForAttributes(std::size_t count) const {
+    return count > Limits::attributes.count + Limits::entityExpansions.count ? &Limits::attributes : nullptr;
+  }
+  const Limit* declareIdentifier() { return take(identifiers_, 1, Limits::identifiers); }
   const Limit* compareWithDeclared(std::size_t attributes) {
     return take(declaredAttributes_, attributes, Limits::declaredAttributes);
   }
@@ -42,10 +59,24 @@ class DocumentBudget {
     return used > limit.count ? &limit : nullptr;
   }
 
+  /// A prefix and a name. The order is the quickest there is.
+  using Name = std::pair<std::u16string, std::u16string>;
+  using NameView = std::pair<std::u16string_view, std::u16string_view>;
+  struct ByLength {
+    using is_transparent = void;
+    bool operator()(const NameView& a, const NameView& b) const;
+  };
+
+  std::size_t nodes_ = 0;
   std::size_t nesting_ = 0;
   std::size_t prefixesOfElement_ = 0;
+  std::array<std::size_t, Limits::nesting.count + 1> prefixesOfLevels_{};
+  std::size_t prefixesInScope_ = 0;
   std::size_t prefixes_ = 0;
-  std::size_t names_ = 0;
+  std::size_t prefixComparisons_ = 0;
+  std::size_t namespaceCharacters_ = 0;
+  std::size_t identifiers_ = 0;
+  std::set<Name, ByLength> names_;
   std::size_t declaredAttributes_ = 0;
   std::size_t defaultAttributes_ = 0;
   std::size_t defaultValues_ = 0;
@@ -53,8 +84,6 @@ class DocumentBudget {
   std::size_t doctypeSize_ = 0;
   std::size_t doctypeDeclarations_ = 0;
   std::size_t doctypeText_ = 0;
-  /// The names met, by their hash: those that share one count once, which matters little so far below its size.
-  std::bitset<std::size_t{1} << 16U> nameHashes_;
 };
 
 }  // namespace MXF::Tessel::XMLUtils

@@ -12,8 +12,11 @@ using Utils::Limit;
 
 namespace Limits {
 
-/// The tree takes up to eighty times the size of its file. The largest registry of the standard has 3 MB.
-constexpr Limit fileSize{std::size_t{64} << 20U, L"bytes in a file"};
+/// The largest registry of the standard has 3 MB.
+constexpr Limit fileSize{std::size_t{32} << 20U, L"bytes in a file"};
+
+/// That registry has 120,000. Each takes two to three hundred bytes, and so up to eighty for each byte of a file.
+constexpr Limit nodes{4'000'000, L"elements, attributes, texts and other nodes"};
 
 /// Schemas nest about a dozen levels. For every level the parser looks through those above when it resolves a prefix,
 /// and code that walks a tree may do so by recursion.
@@ -21,15 +24,23 @@ constexpr Limit nesting{256, L"levels of nested elements"};
 
 /// A declaration has fewer than ten. Where the parser adds one to an element it moves those that sort after it.
 constexpr Limit attributes{1'000, L"attributes of an element"};
+/// Schemas have none. Each is put behind those that look like it.
+constexpr Limit identifiers{10'000, L"attributes of type ID"};
 
-/// Schemas bind a few dozen prefixes, all in the root element. Each is compared with those before it, and all that the
-/// parser has met in a document share about a hundred lists.
+/// Schemas bind a few dozen prefixes, all in the root element. Each is compared with those before it.
 constexpr Limit prefixesOfElement{1'000, L"namespace declarations of an element"};
 constexpr Limit prefixes{100'000, L"namespace declarations"};
+/// A prefix is compared with all that are declared around it.
+constexpr Limit prefixComparisons{1'000'000'000, L"comparisons with declared prefixes"};
 
-/// A schema uses some thirty names of elements and attributes. The parser looks each name up in a table whose lists
-/// grow with their number.
-constexpr Limit names{10'000, L"different names of elements and attributes"};
+/// Namespaces have less than a hundred characters. The parser goes through those of the namespace for every element and
+/// every attribute with a prefix, and may go through those of all namespaces for every one that is declared.
+constexpr Limit namespaceLength{4'096, L"characters in a namespace name"};
+constexpr Limit namespaceCharacters{1'000'000'000, L"characters of namespace names that are compared"};
+
+/// A schema uses some thirty names of elements and attributes. The parser looks each name up in tables whose lists grow
+/// with their number, and can be made to keep all of them in one list.
+constexpr Limit names{2'000, L"different names of elements and attributes"};
 
 /// Schemas use few entities or none. What entities can add to a document is at most the product of the two.
 constexpr Limit entityExpansions{10'000, L"expansions of entities"};

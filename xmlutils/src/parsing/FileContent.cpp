@@ -23,7 +23,7 @@ namespace {
 
 class FileDescriptor {
  public:
-  explicit FileDescriptor(const char* path) : descriptor_(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
+  explicit FileDescriptor(const char* path) : descriptor_(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {}
   FileDescriptor(const FileDescriptor&) = delete;
   FileDescriptor& operator=(const FileDescriptor&) = delete;
   ~FileDescriptor() {
@@ -56,9 +56,12 @@ std::size_t readSome(const FileDescriptor& file, FileContent& content, std::size
 }  // namespace
 
 std::optional<FileContent> readFile(const wchar_t* path) {
-  const FileDescriptor file(Utils::wstringToString(path).c_str());
-  if (!file.isOpen()) return std::nullopt;
+  // Opening alone can wake the writer of a pipe or set off a device, so it is asked before, and again of what was opened.
+  const Templates::NarrowString systemPath = Utils::wstringToString(path);
   struct stat status {};
+  if (stat(systemPath.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  const FileDescriptor file(systemPath.c_str());
+  if (!file.isOpen()) return std::nullopt;
   if (fstat(file.get(), &status) != 0) throwSystemError(path, errno);
   if (!S_ISREG(status.st_mode)) return std::nullopt;
 

@@ -9,14 +9,18 @@
 #include <xercesc/dom/DOMException.hpp>
 #include <xercesc/dom/impl/DOMElementImpl.hpp>
 #include <xercesc/dom/impl/DOMTextImpl.hpp>
+#include <xercesc/framework/XMLAttDef.hpp>
 #include <xercesc/framework/XMLAttr.hpp>
 #include <xercesc/framework/XMLElementDecl.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
+#include <xercesc/util/KVStringPair.hpp>
+#include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLString.hpp>
 #include <xercesc/util/XMLUni.hpp>
 #include <xercesc/validators/DTD/DTDElementDecl.hpp>
 #include <xercesc/validators/DTD/DTDEntityDecl.hpp>
 
+#include <limits>
 #include <string>
 
 namespace MXF::Tessel::XMLUtils {
@@ -72,6 +76,9 @@ Parser::Parser(XPath::XPathImplementation& implementation, xercesc::MemoryManage
       implementation_(implementation),
       namespaces_(*this, &memory) {
   fScanner->setURIStringPool(&namespaces_);
+  // The scanner keeps all attributes of a tag in such pairs before it compares them with each other.
+  memory.watch(xercesc::XMLPlatformUtils::alignPointerForNewBlockAllocation(sizeof(xercesc::MemoryManager*)) +
+               sizeof(xercesc::KVStringPair));
 }
 
 xercesc::DOMDocument* Parser::parse(const xercesc::DOMLSInput* input) {
@@ -116,18 +123,23 @@ void Parser::startElement(const xercesc::XMLElementDecl& declaration, unsigned i
                           const xercesc::RefVectorOf<xercesc::XMLAttr>& attributes, XMLSize_t attributeCount,
                           bool isEmpty, bool isRoot) {
   check(budget_.enterElement());
+  check(budget_.addNodes(1 + attributeCount));
   check(budget_.useName(prefix, declaration.getBaseName()));
+  check(budget_.resolvePrefix(namespaces_.lengthOf(namespaceId)));
   check(budget_.haveAttributes(attributeCount));
   if (declaration.hasAttDefs()) check(budget_.compareWithDeclared(declaration.getAttDefList().getAttDefCount()));
-  for (XMLSize_t i = 0; i < attributeCount; ++i) {
-    const xercesc::XMLAttr& attribute = *attributes.elementAt(i);
-    check(budget_.useName(attribute.getPrefix(), attribute.getName()));
-    if (attribute.getSpecified()) continue;
-    check(budget_.makeDefaults(1));
-    check(budget_.repeatDefaultValue(xercesc::XMLString::stringLen(attribute.getValue())));
-  }
+  for (XMLSize_t i = 0; i < attributeCount; ++i) countAttribute(*attributes.elementAt(i));
   DOMLSParserImpl::startElement(declaration, namespaceId, prefix, attributes, attributeCount, isEmpty, isRoot);
   notePosition();
+}
+
+void Parser::countAttribute(const xercesc::XMLAttr& attribute) {
+  check(budget_.useName(attribute.getPrefix(), attribute.getName()));
+  if (*attribute.getPrefix() != u'\0') check(budget_.resolvePrefix(namespaces_.lengthOf(attribute.getURIId())));
+  if (attribute.getType() == xercesc::XMLAttDef::ID) check(budget_.declareIdentifier());
+  if (attribute.getSpecified()) return;
+  check(budget_.makeDefaults(1));
+  check(budget_.repeatDefaultValue(xercesc::XMLString::stringLen(attribute.getValue())));
 }
 
 xercesc::DOMElement* Parser::createElementNS(const XMLCh* namespaceUri, const XMLCh* prefix, const XMLCh* localName,
@@ -143,6 +155,7 @@ void Parser::endElement(const xercesc::XMLElementDecl& declaration, unsigned int
 }
 
 void Parser::docCharacters(const XMLCh* characters, XMLSize_t length, bool isCdataSection) {
+  check(budget_.addNodes(1));
   notePosition();
   const bool beginsText = isKnownVersion && fWithinElement && !isCdataSection && getFilter() == nullptr &&
                           fCurrentNode->getNodeType() != xercesc::DOMNode::TEXT_NODE &&
@@ -157,16 +170,19 @@ void Parser::docCharacters(const XMLCh* characters, XMLSize_t length, bool isCda
 }
 
 void Parser::docComment(const XMLCh* text) {
+  check(budget_.addNodes(1));
   DOMLSParserImpl::docComment(text);
   notePosition();
 }
 
 void Parser::docPI(const XMLCh* target, const XMLCh* data) {
+  check(budget_.addNodes(1));
   DOMLSParserImpl::docPI(target, data);
   notePosition();
 }
 
 void Parser::ignorableWhitespace(const XMLCh* characters, XMLSize_t length, bool isCdataSection) {
+  check(budget_.addNodes(1));
   DOMLSParserImpl::ignorableWhitespace(characters, length, isCdataSection);
   notePosition();
 }
@@ -237,11 +253,35 @@ void Parser::doctypeWhitespace(const XMLCh* characters, XMLSize_t length) {
 }
 
 unsigned int Parser::Namespaces::addOrFind(const XMLCh* namespaceUri) {
-  parser_.check(parser_.budget_.declarePrefix());
+  parser_.check(parser_.budget_.declarePrefix(xercesc::XMLString::stringLen(namespaceUri), getStringCount()));
   return XMLStringPool::addOrFind(namespaceUri);
 }
 
+void Parser::Namespaces::flushAll() {
+  XMLStringPool::flushAll();
+  lengths_.clear();
+}
+
+std::size_t Parser::Namespaces::lengthOf(unsigned int id) {
+  constexpr std::size_t unknown = std::numeric_limits<std::size_t>::max();
+  if (id >= lengths_.size()) lengths_.resize(id + 1, unknown);
+  std::size_t& length = lengths_[id];
+  if (length == unknown) length = xercesc::XMLString::stringLen(getValueForId(id));
+  return length;
+}
+
+void Parser::beginDocument() {
+  budget_ = DocumentBudget();
+  memory.forgetWatchedBlocks();
+}
+
+void Parser::countRead(std::size_t bytes) {
+  check(budget_.read(bytes));
+  check(budget_.makeRoomForAttributes(memory.watchedBlocks()));
+}
+
 void Parser::notePosition() {
+  memory.forgetWatchedBlocks();
   const xercesc::Locator& where = *fScanner->getLocator();
   position_ = {static_cast<std::uint32_t>(where.getLineNumber()), static_cast<std::uint32_t>(where.getColumnNumber())};
 }

@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <vector>
 
 namespace MXF::Tessel::XMLUtils {
 
@@ -71,8 +72,8 @@ class Parser : private ParserMemory, public xercesc::DOMLSParserImpl {
 
   /// Told by the source of the document: that it is about to be read, which the parser itself reports only after the
   /// first bytes, and how much of it is.
-  void beginDocument() { budget_ = DocumentBudget(); }
-  void countRead(std::size_t bytes) { check(budget_.read(bytes)); }
+  void beginDocument();
+  void countRead(std::size_t bytes);
 
  protected:
   xercesc::DOMElement* createElementNS(const XMLCh* namespaceUri, const XMLCh* prefix, const XMLCh* localName,
@@ -85,13 +86,19 @@ class Parser : private ParserMemory, public xercesc::DOMLSParserImpl {
    public:
     Namespaces(Parser& parser, xercesc::MemoryManager* manager) : XMLStringPool(manager), parser_(parser) {}
     unsigned int addOrFind(const XMLCh* namespaceUri) override;
+    void flushAll() override;
+    /// Characters in the name of a namespace.
+    std::size_t lengthOf(unsigned int id);
 
    private:
     Parser& parser_;
+    std::vector<std::size_t> lengths_;  ///< By number; only of those that have been asked for.
   };
 
   /// Takes another scanner.
   void renewScanner();
+  /// Counts an attribute of an element that is about to be made.
+  void countAttribute(const xercesc::XMLAttr& attribute);
   /// Stops the parser if the document has exceeded a limit.
   void check(const Limit* exceeded);
   /// Reports a fatal error at the present place and stops the parser.

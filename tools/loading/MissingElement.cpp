@@ -1,0 +1,96 @@
+// Why a reference leads to no element: its prefix, or the element is not there. Entry point: remedyOfMissingElement();
+// all else is local.
+
+#include "loading/MissingElement.h"
+
+#include "loading/SchemaDocument.h"
+#include "text/Unicode.h"
+
+#include <MetaMetadata/PropertyKeys.h>
+#include <XMLUtils/TextConversion.h>
+
+#include <xercesc/dom/DOMNamedNodeMap.hpp>
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace MXF::Tessel::Tool {
+
+using MetaMetadata::MetaElement;
+using Templates::WideString;
+
+namespace {
+
+/// The namespaces that the root of a document binds prefixes to; the loader knows no other bindings.
+std::map<WideString, WideString> boundPrefixes(const WideString& path) {
+  constexpr std::wstring_view start = L"xmlns:";
+  std::map<WideString, WideString> namespaces;
+  lookInto(path, [&](const xercesc::DOMDocument& document) {
+    const xercesc::DOMNamedNodeMap* attributes = document.getDocumentElement()->getAttributes();
+    for (XMLSize_t i = 0; i < attributes->getLength(); ++i) {
+      const xercesc::DOMNode& attribute = *attributes->item(i);
+      const WideString name = XMLUtils::toWstring(attribute.getNodeName());
+      if (name.compare(0, start.size(), start) != 0) continue;
+      namespaces[name.substr(start.size())] = XMLUtils::toWstring(attribute.getNodeValue());
+    }
+  });
+  return namespaces;
+}
+
+/// The namespaces in which the dictionary has an element of that XML name.
+std::set<WideString> namespacesOf(const WideString& name, const MetaMetadata::Dictionary& dictionary) {
+  std::set<WideString> namespaces;
+  for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry) {
+    const auto& properties = entry->second->properties();
+    const auto tag = properties.find(MetaMetadata::PropertyKeys::xmlTagName);
+    const auto uri = properties.find(MetaMetadata::PropertyKeys::xmlNamespaceURI);
+    if (tag != properties.end() && uri != properties.end() && tag->second == name) namespaces.insert(uri->second);
+  }
+  return namespaces;
+}
+
+/// @param prefix  that the reference has; may be empty.
+std::string howToReach(const WideString& uri, const WideString& prefix,
+                       const std::map<WideString, WideString>& prefixes) {
+  const auto bound =
+      std::find_if(prefixes.begin(), prefixes.end(), [&](const auto& binding) { return binding.second == uri; });
+  if (bound != prefixes.end()) return "write the reference with the prefix " + narrow(bound->first);
+  return "bind " + (prefix.empty() ? "a prefix" : narrow(prefix)) + " to that at the root of the schema";
+}
+
+std::string remedyOfAbsence(const LoadOutcome& outcome) {
+  if (std::any_of(outcome.loads.begin(), outcome.loads.end(), [](const LoadRecord& before) {
+        return before.failure && before.file.kind == FileKind::Dictionary;
+      })) {
+    return "First correct what failed to load before: it may declare the element.";
+  }
+  if (outcome.dictionary.metaElementBegin() == outcome.dictionary.metaElementEnd()) {
+    return "Groups refer to elements, and none are loaded: give their schemas with --dictionary before it.";
+  }
+  return "Load the schema that declares the element before this one, or correct the reference.";
+}
+
+}  // namespace
+
+std::string remedyOfMissingElement(const Failure& failure, const WideString& reference, const LoadOutcome& outcome) {
+  const std::map<WideString, WideString> prefixes = boundPrefixes(failure.place.path());
+  const std::size_t colon = reference.find(L':');
+  const bool hasPrefix = colon != WideString::npos;
+  const WideString prefix = hasPrefix ? reference.substr(0, colon) : WideString();
+  const auto binding = hasPrefix ? prefixes.find(prefix) : prefixes.end();
+
+  std::string text = "The reference has no prefix, and no default namespace counts.";
+  if (hasPrefix) text = "The prefix " + narrow(prefix) + " is not bound at the root of the schema.";
+  if (binding != prefixes.end()) text = "Here " + narrow(prefix) + " stands for " + inQuotes(binding->second) + ".";
+
+  const WideString name = reference.substr(hasPrefix ? colon + 1 : 0);
+  const std::set<WideString> declaring = namespacesOf(name, outcome.dictionary);
+  if (declaring.empty() || (binding != prefixes.end() && declaring.count(binding->second) > 0)) {
+    return remedyOfAbsence(outcome) + ' ' + text;
+  }
+  return text + " An element " + inQuotes(name) + " is loaded in the namespace " + inQuotes(*declaring.begin()) + ": " +
+         howToReach(*declaring.begin(), prefix, prefixes) + ".";
+}
+
+}  // namespace MXF::Tessel::Tool

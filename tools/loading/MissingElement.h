@@ -1,0 +1,15 @@
+#pragma once
+
+#include "loading/SchemaLoading.h"
+
+#include <string>
+
+namespace MXF::Tessel::Tool {
+
+/// What to do about a group's reference to an element that the dictionary does not hold: sentences.
+/// @param reference  as the schema has it, such as e:Count.
+/// @param outcome    of the loads before.
+std::string remedyOfMissingElement(const Failure& failure, const Templates::WideString& reference,
+                                   const LoadOutcome& outcome);
+
+}  // namespace MXF::Tessel::Tool
