@@ -7,8 +7,8 @@ import unittest
 import jsonschema
 
 from json_test import shipped_files
-from support import (GROUPS, REGISTRY_MULTIPLEX, SOURCE, ToolTest, attribute, dictionary, element, group, key, label, multiplex,
-                     reference, scheme)
+from support import (GROUPS, REGISTRY_MULTIPLEX, SOURCE, ToolTest, attribute, dictionary, element, group, key, label,
+                     multiplex, reference, scheme)
 
 SCHEMA = json.loads((SOURCE / "docs/check.schema.json").read_text(encoding="utf-8"))
 TEXT = {"type": "object", "required": ["text"], "properties": {"text": {"type": "string", "minLength": 1}}}

@@ -45,7 +45,7 @@ TEST(ReportPage, HostileTextsStayTexts) {
                  PropertyKeys::xmlNamespaceURI, PropertyKeys::baseGroupLabel});
   outcome.dictionary.addMetaMetadataSet(key, set);
   outcome.loads.push_back(
-      {{FileKind::Scheme, "</script>"}, Failure{"Oops", std::nullopt, hostile, {}}, {}, std::nullopt, std::nullopt});
+      {{FileKind::Scheme, "</script>"}, Failure{"Oops", std::nullopt, hostile, {}}, {}, {}, {}, {}});
 
   const std::string page = reportPage(outcome, hostile);
   EXPECT_EQ(count(page, "</script>"), 2U);
