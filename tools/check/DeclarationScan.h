@@ -23,6 +23,7 @@ inline constexpr const char16_t* schemaNamespace = u"http://www.w3.org/2001/XMLS
 
 /// What a document declares and the loader passes over without a word, or keeps in a form that does not tell.
 struct DeclarationScan {
+  // NOLINTNEXTLINE(bugprone-exception-escape): texts with allocators that are equal are moved without a copy.
   struct Root {
     DeclarationPosition position;
     Templates::WideString namespaceUri;
@@ -52,6 +53,7 @@ struct DeclarationScan {
     Templates::WideString elementName;
   };
   /// What stands at the top level.
+  // NOLINTNEXTLINE(bugprone-exception-escape): texts with allocators that are equal are moved without a copy.
   struct Declaration {
     Templates::WideString name;  ///< Its XML name without the namespace.
     Templates::WideString key;   ///< Of a group, as it is written; empty for one without a key of the flavour in use.
@@ -68,6 +70,7 @@ struct DeclarationScan {
     Templates::WideString namespaceUri;
     Templates::WideString location;
   };
+  // NOLINTNEXTLINE(bugprone-exception-escape): texts with allocators that are equal are moved without a copy.
   struct WrittenValue {
     Templates::WideString read;   ///< The first text, which is all that the loader reads; empty when there is none.
     Templates::WideString whole;  ///< All text of the annotation.

@@ -15,6 +15,7 @@ namespace MXF::Tessel::Tool {
 struct Rule;
 
 /// A file, or a place in it.
+// NOLINTNEXTLINE(bugprone-exception-escape): texts with allocators that are equal are moved without a copy.
 struct Place {
   Templates::WideString path;
   std::uint32_t line = 0;    ///< Counted from 1; 0 when the place is the file as a whole.

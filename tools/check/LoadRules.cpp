@@ -195,9 +195,9 @@ Findings findLeftOutAbstractGroups(const Subject& subject) {
     const auto [finding, isNew] =
         known.emplace(withoutHere(shownPlace(failure.place, load.file.path)) + why, findings.size());
     if (isNew) {
-      findings.push_back({place, "Abstract groups are left out" +
-                                     (leftOut.empty() ? "" : " though they have keys (" + leftOut + ")") + ", since " +
-                                     why + "."});
+      std::string text = "Abstract groups are left out";
+      if (!leftOut.empty()) text.append(" though they have keys (").append(leftOut).append(")");
+      findings.push_back({place, text.append(", since ").append(why).append(".")});
     }
     if (!isNew || place.path != placeOf(load).path) {
       findings[finding->second].related.push_back(

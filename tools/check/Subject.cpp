@@ -26,10 +26,12 @@ template <class List>
 List Subject::inOrder(const List& list) const {
   using Entry = std::pair<Place, typename List::value_type>;
   std::vector<Entry> entries;
+  entries.reserve(list.size());
   for (const auto* thing : list) entries.emplace_back(placeAt(thing->origin()), thing);
   std::stable_sort(entries.begin(), entries.end(),
                    [&](const Entry& a, const Entry& b) { return comesBefore(a.first, b.first); });
   List sorted;
+  sorted.reserve(entries.size());
   for (const Entry& entry : entries) sorted.push_back(entry.second);
   return sorted;
 }

@@ -6,11 +6,9 @@
 
 #include <string>
 
-namespace MXF::Tessel::Tool {
-
 /// How distinguished values are written. The loader reads texts leniently: what it cannot make sense of it passes over,
 /// cuts off or takes for zero.
-namespace ValueForms {
+namespace MXF::Tessel::Tool::ValueForms {
 
 /// Whether a text, read strictly, is the value that was loaded from it.
 /// @param element  of which the value is.
@@ -20,6 +18,4 @@ bool isWritten(const Templates::WideString& text, const MetaMetadata::MetaElemen
 /// How values of an element are written: a sentence. Empty when its type has no text form.
 std::string formOf(const MetaMetadata::MetaElement& element);
 
-}  // namespace ValueForms
-
-}  // namespace MXF::Tessel::Tool
+}  // namespace MXF::Tessel::Tool::ValueForms
