@@ -7,7 +7,7 @@ import unittest
 import jsonschema
 
 from json_test import shipped_files
-from support import (REGISTRY_MULTIPLEX, SOURCE, ToolTest, attribute, dictionary, element, group, key, label, multiplex,
+from support import (GROUPS, REGISTRY_MULTIPLEX, SOURCE, ToolTest, attribute, dictionary, element, group, key, label, multiplex,
                      reference, scheme)
 
 SCHEMA = json.loads((SOURCE / "docs/check.schema.json").read_text(encoding="utf-8"))
@@ -199,6 +199,77 @@ class Check(ToolTest):
         self.write("s.xsd", scheme(group(1, "G", attribute("Id"), attribute("No"))))
         self.assertEqual([finding["place"] for finding in self.findings("d.xsd", "s.xsd")
                           if finding["rule"] == "untargeted-reference"], [self.place("d.xsd", '<xs:element name="No"')])
+
+    def test_abstract_groups_without_keys_are_told_once(self):
+        abstract = 'abstract="true" name="'
+        self.write("d.xsd", dictionary(element(1, "A")))
+        self.write("base.xsd", scheme(
+            '<xs:element name="Bare" type="g:BareType" abstract="true"/>', "\n",
+            group(1, "Keyed", base="Bare").replace('name="', abstract, 1), group(2, "G", base="Keyed"),
+            '<xs:complexType name="BareType"/>'))
+        self.write("heir.xsd", scheme(f'<xs:import namespace="{GROUPS}" schemaLocation="base.xsd"/>',
+                                      group(3, "Own").replace('name="', abstract, 1), group(4, "H", base="Keyed")))
+        found = self.findings("d.xsd", "base.xsd", "heir.xsd", options=["--rule", "lost-value"])
+        self.assertEqual([(finding["rule"], finding["place"]["path"], finding["message"]) for finding in found], [
+            ("left-out-abstract", "base.xsd", 'Abstract groups are left out though they have keys ("Keyed"), since group '
+                                              '"Bare" has no key of the URN flavour.')])
+        self.assertEqual([(other["place"]["path"], other["message"]) for other in found[0]["related"]],
+                         [("heir.xsd", 'met while loading this file, which has "Own"')])
+
+    def test_annotations_of_the_other_flavour(self):
+        other = "http://www.smpte-ra.org/schemas/434/Groups/"
+        old = "urn:SMPTE:MXF:XMLInterface:Groups:"
+        self.write("d.xsd", dictionary(element(1, "A"), element(2, "B"), element(3, "C")))
+        self.write("s.xsd", scheme(group(
+            1, "G", attribute("A"), "\n", attribute("B").replace(f"{old}MetadataElement", f"{other}Property"), "\n",
+            attribute("C", tag_text="80.01").replace(f"{old}LocalTag", f"{other}LocalTag"),
+            attribute("A").replace(">Req<", f'>Req</xs:appinfo><xs:appinfo source="{other}PropertyRequiredStatus"><'))))
+        found = self.findings("d.xsd", "s.xsd", options=["--disable", "unused-element", "--disable", "repeated-attribute"])
+        self.assertEqual([(finding["rule"], finding["place"]["line"], finding["message"].rpartition(": ")[2])
+                          for finding in found],
+                         [("other-flavour", 2, "PropertyRequiredStatus."), ("other-flavour", 3, "LocalTag.")])
+
+    def test_what_was_probably_meant(self):
+        self.write("d.xsd", dictionary(element(1, "A"), reference(2, "R", "Bax", "None"),
+                                       reference(3, "U", "Box").replace("g:Box", "zz:Box")))
+        box = group(1, "Box", attribute("A"), attribute("R"), attribute("U"))
+        self.write("s.xsd", scheme(box))
+        found = self.findings("d.xsd", "s.xsd", options=["--rule", "unresolved-reference"])
+        self.assertEqual(found[0]["remedy"], 'Did you mean "Box"?')
+        self.assertIn("of no namespace", found[1]["message"])
+        text = self.run_tool("check", *schema_arguments(["d.xsd", "s.xsd"]), "--rule", "unresolved-reference")[1]
+        self.assertNotIn(b"\n      \n", text)
+
+        self.write("base.xsd", scheme(group(1, "Box", attribute("A"))).replace("xs:schema ", "xs:schema xmlns:x='x' "))
+        self.write("heir.xsd", scheme(f'<xs:import namespace="{GROUPS}" schemaLocation="base.xsd"/>',
+                                      group(2, "Heir", base="Box")))
+        found = self.findings("d.xsd", "heir.xsd", options=["--rule", "missing-base"])
+        self.assertEqual([(finding["remedy"], finding["related"][0]["place"]["path"]) for finding in found],
+                         [("Load base.xsd with --scheme, too.", "base.xsd")])
+
+        self.write("d.xsd", dictionary(element(1, "A"), element(2, "B")).replace("XMLInterface:", "XMLInterfaces:"))
+        remedies = {finding["rule"]: finding["remedy"] for finding in self.findings("d.xsd")}
+        urn = "urn:SMPTE:MXF:XMLInterface:Dictionary:ElementUL"
+        self.assertIn(f'annotate its elements with "{urn}"', remedies["no-declarations"])
+        self.assertIn(f'Did you mean "{urn}"?', remedies["no-declarations"])
+        self.assertNotIn("Give the schemas", remedies["empty-dictionary"])
+
+    def test_identifiers_that_can_be_none(self):
+        self.write("d.xsd", dictionary(element(1, "A")))
+        self.write("s.xsd", scheme(group(1, "G", attribute("A", tag_text="00.00")).replace(key(1), label(1)),
+                                   group(2, "H", attribute("A", tag_text="80.01")).replace(key(2), ".".join(["00"] * 16))))
+        found = self.findings("d.xsd", "s.xsd", options=["--rule", "impossible-identifier"])
+        self.assertEqual(sorted(finding["message"].partition(":")[0] for finding in found), [
+            'The key of "H" is all zeros.', 'The key of set "G" is the label of element "A"',
+            'The local tag of "A" in set "G" is all zeros.'])
+
+    def test_an_element_twice_in_a_set(self):
+        self.write("d.xsd", dictionary(element(1, "A")))
+        self.write("s.xsd", scheme(group(1, "G", attribute("A", tag_text="80.01"), attribute("A", tag_text="80.02")),
+                                   group(2, "H", base="G")))
+        self.assertEqual([(finding["rule"], finding["remedy"][:29]) for finding in self.findings("d.xsd", "s.xsd")],
+                         [("repeated-attribute", "Keep one of the two reference"),
+                          ("many-local-tags", "Keep one of the two reference")])
 
     def test_exit_status_and_choice_of_rules(self):
         self.write("d.xsd", dictionary(reference(1, "R", "None"), element(2, "A"), element(3, "B")))

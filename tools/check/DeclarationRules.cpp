@@ -32,6 +32,10 @@ bool isGivenWrongly(const Templates::WideString& path, const Subject& subject) {
   });
 }
 
+std::string describedNamespace(const Templates::WideString& uri) {
+  return uri.empty() ? "no namespace" : "namespace " + encode(printable(uri));
+}
+
 template <class Holder>
 bool isWithoutSets(const DictionaryIndex::Element& element) {
   MetaMetadata::Visitors::GetMetaElementVisitor<Holder> holder;
@@ -90,6 +94,32 @@ Findings findRepeatedAnnotations(const Subject& subject) {
       findings.push_back({placeIn(path, repeated.position),
                           "The annotation \"" + repeated.source + "\" stands twice; only the first one is read.",
                           {{placeIn(path, repeated.first), "this one is read"}}});
+    }
+  }
+  return findings;
+}
+
+Findings findUnboundPrefixes(const Subject& subject) {
+  Findings findings;
+  for (const Templates::WideString& path : subject.schemas()) {
+    for (const DeclarationScan::UnboundPrefix& unbound : subject.scanOf(path).unboundPrefixes) {
+      findings.push_back({placeIn(path, unbound.position),
+                          "The prefix \"" + unbound.prefix + "\" of " + unbound.name + " stands for no namespace."});
+    }
+  }
+  return findings;
+}
+
+Findings findWrongImports(const Subject& subject) {
+  Findings findings;
+  for (const Templates::WideString& path : subject.schemas()) {
+    for (const DeclarationScan::Import& import : subject.scanOf(path).imports) {
+      const Templates::WideString imported = Subject::importedPath(path, import.location);
+      const DeclarationScan& scan = subject.scanOf(imported);
+      if (!scan.isRead || scan.targetNamespace == import.namespaceUri) continue;
+      findings.push_back({placeIn(path, import.position), encode(printable(imported)) + " is imported for " +
+                                                              describedNamespace(import.namespaceUri) + ", but is of " +
+                                                              describedNamespace(scan.targetNamespace) + "."});
     }
   }
   return findings;

@@ -5,6 +5,7 @@
 
 #include "check/AnnotationScan.h"
 #include "loading/SchemaDocument.h"
+#include "text/Unicode.h"
 
 #include <XMLUtils/TextConversion.h>
 
@@ -94,9 +95,21 @@ void scanRoot(const DOMElement& root, DeclarationScan& scan) {
                     XMLUtils::toWstring(root.getLocalName())};
 }
 
+void scanPrefixes(const DOMElement& element, DeclarationScan& scan) {
+  for (const char16_t* attribute : {u"type", u"ref", u"base"}) {
+    if (!element.hasAttribute(attribute)) continue;
+    const std::u16string name = element.getAttribute(attribute);
+    const std::size_t colon = name.find(u':');
+    if (colon == std::u16string::npos || element.lookupNamespaceURI(name.substr(0, colon).c_str()) != nullptr) continue;
+    const std::string text = encode(printable(XMLUtils::toWstring(name.c_str())));
+    scan.unboundPrefixes.push_back({declarationPositionOf(element), text.substr(0, text.find(':')), text});
+  }
+}
+
 void scanSchema(const DOMElement& schema, const Annotations& annotations, DeclarationScan& scan) {
   scanRoot(schema, scan);
   scanAnnotations(schema, annotations, scan);
+  forEachWithin(schema, [&](const DOMElement& element) { scanPrefixes(element, scan); });
   const std::set<std::u16string> ofGroups = scanTopLevel(schema, annotations, scan);
   forEachChild(schema, [&](const DOMElement& declaration) {
     if (isNamed(declaration, u"element")) return scanElement(declaration, scan);
@@ -110,6 +123,7 @@ void scanSchema(const DOMElement& schema, const Annotations& annotations, Declar
 DeclarationScan scanDeclarations(const Templates::WideString& path, const Annotations& annotations) {
   DeclarationScan scan;
   lookInto(path, [&](const xercesc::DOMDocument& document) {
+    scan.isRead = true;
     scanSchema(*document.getDocumentElement(), annotations, scan);
   });
   return scan;

@@ -57,6 +57,12 @@ struct DeclarationScan {
     Templates::WideString key;   ///< Of a group, as it is written; empty for one without a key of the flavour in use.
     bool isAbstract;
   };
+  /// A name with a prefix that stands for nothing.
+  struct UnboundPrefix {
+    DeclarationPosition position;
+    std::string prefix;
+    std::string name;  ///< With the prefix.
+  };
   struct Import {
     DeclarationPosition position;
     Templates::WideString namespaceUri;
@@ -67,13 +73,15 @@ struct DeclarationScan {
     Templates::WideString whole;  ///< All text of the annotation.
   };
 
+  bool isRead = false;            ///< Whether it is a document that can be read.
   std::optional<Root> wrongRoot;  ///< The root when it is not that of an XML Schema.
   /// What the prefix xs stands for when it is anything but XML Schema.
   std::optional<Templates::WideString> wrongPrefix;
   Templates::WideString targetNamespace;
   std::map<DeclarationPosition, Declaration> declarations;
-  std::vector<Import> imports;                          ///< Those with a location.
-  std::map<std::string, std::size_t> sources;           ///< Of all annotations, and how often they are there.
+  std::vector<Import> imports;                 ///< Those with a location.
+  std::map<std::string, std::size_t> sources;  ///< Of all annotations, and how often they are there.
+  std::vector<UnboundPrefix> unboundPrefixes;
   std::vector<UnknownAnnotation> unknownAnnotations;    ///< Of the flavour in use.
   std::vector<RepeatedAnnotation> repeatedAnnotations;  ///< Of the flavour in use.
   std::vector<OtherFlavour> otherFlavour;

@@ -3,7 +3,10 @@
 #include "check/RuleFamilies.h"
 #include "text/IdentifierForm.h"
 
+#include <algorithm>
+#include <map>
 #include <set>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -52,7 +55,56 @@ void addOtherVersions(const Things& things, const std::string& noun, const Ident
   });
 }
 
+template <class Bytes>
+bool areZero(const Bytes& bytes) {
+  return std::all_of(bytes.begin(), bytes.end(), [](unsigned char byte) { return byte == 0; });
+}
+
+template <class Things, class IdentifierOf>
+void addZeros(const Things& things, const std::string& noun, const IdentifierOf& identifierOf, Findings& findings) {
+  for (const auto* thing : things) {
+    if (!areZero(identifierOf(*thing).bytes())) continue;
+    findings.push_back({placeAt(thing->origin()), "The " + noun + " of " + quotedName(*thing) + " is all zeros."});
+  }
+}
+
+/// Sets of which the key is the label of an element.
+void addKeysOfElements(const Subject& subject, Findings& findings) {
+  const auto bytesOf = [](const auto& identifier) {
+    return std::vector<unsigned char>(identifier.bytes().begin(), identifier.bytes().end());
+  };
+  std::map<std::vector<unsigned char>, const DictionaryIndex::Element*> elements;
+  for (const DictionaryIndex::Element* element : subject.elements())
+    elements.emplace(bytesOf(element->universalLabel()), element);
+  for (const DictionaryIndex::Set* set : subject.sets()) {
+    const auto element = elements.find(bytesOf(set->key()));
+    if (element == elements.end()) continue;
+    findings.push_back({placeAt(set->origin()),
+                        "The key of set " + quotedName(*set) + " is the label of element " +
+                            quotedName(*element->second) + ": " + identifierText(set->key()) + ".",
+                        {{placeAt(element->second->origin()), "the element is declared here"}}});
+  }
+}
+
 }  // namespace
+
+Findings findImpossibleIdentifiers(const Subject& subject) {
+  Findings findings;
+  addZeros(
+      subject.elements(), "label", [](const auto& element) -> const auto& { return element.universalLabel(); },
+      findings);
+  addZeros(
+      subject.sets(), "key", [](const auto& set) -> const auto& { return set.key(); }, findings);
+  addKeysOfElements(subject, findings);
+  const Types::LocalTag none(L"00.00", textForm);
+  for (const auto& [set, attribute] : subject.ownAttributes()) {
+    const Types::LocalTag* tag = attribute->localTag();
+    if (tag == nullptr || !(*tag == none)) continue;
+    findings.push_back({placeAt(attribute->origin()), "The local tag of " + quotedName(attribute->metaElement()) +
+                                                          " in set " + quotedName(*set) + " is all zeros."});
+  }
+  return findings;
+}
 
 Findings findSharedLocalTags(const Subject& subject) {
   Findings findings;

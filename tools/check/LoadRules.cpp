@@ -111,6 +111,11 @@ std::string remedyOfNoAnnotation(const LoadRecord& load, const Subject& subject)
          urn + "\" or, in the registry flavour, \"" + registry + "\"." + mostOfTheFile(scan, {urn, registry});
 }
 
+/// Locations of imports count from "./" when the file that is loaded is given without a folder.
+std::string withoutHere(const std::string& place) {
+  return place.substr(0, 2) == "./" ? place.substr(2) : place;
+}
+
 bool isWrongFile(const LoadRecord& load) {
   return load.failure && load.failure->className == wrongFileClass;
 }
@@ -187,7 +192,8 @@ Findings findLeftOutAbstractGroups(const Subject& subject) {
     const Place place = failure.place.isKnown() ? placeAt(failure.place) : placeOf(load);
     const std::string leftOut = abstractGroupsWithKeys(subject.scanOf(placeOf(load).path));
     const std::string why = whyWithoutAbstractGroups(failure, subject);
-    const auto [finding, isNew] = known.emplace(shownPlace(failure.place, load.file.path) + why, findings.size());
+    const auto [finding, isNew] =
+        known.emplace(withoutHere(shownPlace(failure.place, load.file.path)) + why, findings.size());
     if (isNew) {
       findings.push_back({place, "Abstract groups are left out" +
                                      (leftOut.empty() ? "" : " though they have keys (" + leftOut + ")") + ", since " +

@@ -75,6 +75,16 @@ Findings findSharedXmlNames(const Subject& subject) {
   return findings;
 }
 
+Findings findNamelessElements(const Subject& subject) {
+  Findings findings;
+  for (const DictionaryIndex::Element* element : subject.elements()) {
+    if (!xmlNameOf(*element).second.empty()) continue;
+    findings.push_back({placeAt(element->origin()), "Element " + quotedName(*element) +
+                                                        " has no XML name, so that no scheme can be loaded after it."});
+  }
+  return findings;
+}
+
 Findings findRepeatedAttributes(const Subject& subject) {
   Findings findings;
   std::set<Templates::WideString> told;  // sets of which the base is not loaded have its attributes as their own

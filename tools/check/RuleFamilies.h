@@ -15,12 +15,14 @@ Findings findLeftOutAbstractGroups(const Subject& subject);
 
 // NameRules.cpp
 Findings findSharedXmlNames(const Subject& subject);
+Findings findNamelessElements(const Subject& subject);
 Findings findRepeatedAttributes(const Subject& subject);
 Findings findRepeatedNames(const Subject& subject);
 
 // IdentifierRules.cpp
 Findings findSharedLocalTags(const Subject& subject);
 Findings findElementsOfManyTags(const Subject& subject);
+Findings findImpossibleIdentifiers(const Subject& subject);
 Findings findLabelsOfOtherVersions(const Subject& subject);
 
 // ReferenceRules.cpp
@@ -33,6 +35,8 @@ Findings findUntargetedReferences(const Subject& subject);
 Findings findUnknownAnnotations(const Subject& subject);
 Findings findOtherFlavour(const Subject& subject);
 Findings findRepeatedAnnotations(const Subject& subject);
+Findings findUnboundPrefixes(const Subject& subject);
+Findings findWrongImports(const Subject& subject);
 Findings findReferencesWithoutStatus(const Subject& subject);
 
 // ValueRules.cpp
