@@ -10,7 +10,6 @@
 namespace MXF::Tessel::Tool {
 
 /// Why a file could not be loaded.
-// NOLINTNEXTLINE(bugprone-exception-escape): texts with allocators that are equal are moved without a copy.
 struct Failure {
   std::string className;          ///< Class of the exception, without its namespace.
   std::optional<int> code;        ///< Number of the class; none for exceptions of the XML and standard libraries.

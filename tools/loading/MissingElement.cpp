@@ -17,7 +17,6 @@
 
 namespace MXF::Tessel::Tool {
 
-using MetaMetadata::MetaElement;
 using Templates::WideString;
 
 namespace {

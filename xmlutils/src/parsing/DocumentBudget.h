@@ -27,12 +27,12 @@ class DocumentBudget {
   const Limit* declarePrefix(std::size_t length, std::size_t namespaces);
   /// What a prefix stands for is looked up. @param length  of the name of the namespace that it stands for.
   const Limit* resolvePrefix(std::size_t length);
-  const Limit* haveAttributes(std::size_t count) const {
+  static const Limit* haveAttributes(std::size_t count) {
     return count > Limits::attributes.count ? &Limits::attributes : nullptr;
   }
   /// Attributes that the parser has made room for before it tells of their element. Each expansion of an entity may look
   /// like one more.
-  const Limit* makeRoomForAttributes(std::size_t count) const {
+  static const Limit* makeRoomForAttributes(std::size_t count) {
     return count > Limits::attributes.count + Limits::entityExpansions.count ? &Limits::attributes : nullptr;
   }
   const Limit* declareIdentifier() { return take(identifiers_, 1, Limits::identifiers); }

@@ -126,7 +126,7 @@ void Parser::startElement(const xercesc::XMLElementDecl& declaration, unsigned i
   check(budget_.addNodes(1 + attributeCount));
   check(budget_.useName(prefix, declaration.getBaseName()));
   check(budget_.resolvePrefix(namespaces_.lengthOf(namespaceId)));
-  check(budget_.haveAttributes(attributeCount));
+  check(DocumentBudget::haveAttributes(attributeCount));
   if (declaration.hasAttDefs()) check(budget_.compareWithDeclared(declaration.getAttDefList().getAttDefCount()));
   for (XMLSize_t i = 0; i < attributeCount; ++i) countAttribute(*attributes.elementAt(i));
   DOMLSParserImpl::startElement(declaration, namespaceId, prefix, attributes, attributeCount, isEmpty, isRoot);
@@ -277,7 +277,7 @@ void Parser::beginDocument() {
 
 void Parser::countRead(std::size_t bytes) {
   check(budget_.read(bytes));
-  check(budget_.makeRoomForAttributes(memory.watchedBlocks()));
+  check(DocumentBudget::makeRoomForAttributes(memory.watchedBlocks()));
 }
 
 void Parser::notePosition() {
