@@ -26,10 +26,10 @@ enum class Scope {
 struct Rule {
   const char* id;  ///< Lower-case words joined by hyphens. Never changes, since configurations and reports hold it.
   Severity severity;
+  Scope scope;
   const char* summary;  ///< What it finds: a sentence.
   const char* remedy;   ///< What to do about it: a sentence.
   Findings (*examine)(const Subject& subject);
-  Scope scope;
   /// What comes before the names when many findings of one file are told as one; null when each is told.
   const char* many = nullptr;
 };
