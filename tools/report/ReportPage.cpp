@@ -35,6 +35,14 @@ TemplateData failureData(const std::optional<Failure>& failure) {
   return templateText(printable(failure->message) + U" [" + fromAscii(failure->className) + U']');
 }
 
+TemplateData leftOutData(const LoadRecord& record) {
+  if (!record.withAbstractGroups) return {false};
+  return templateText(
+      printable(Utils::stringToWstring(("abstract groups are left out, since " + record.whyGroupsAreLeftOut + ": " +
+                                        shownPlace(record.withAbstractGroups->place, record.file.path))
+                                           .c_str())));
+}
+
 TemplateData loadsData(const std::vector<LoadRecord>& records) {
   TemplateList loads;
   for (const LoadRecord& record : records) {
@@ -42,6 +50,7 @@ TemplateData loadsData(const std::vector<LoadRecord>& records) {
     load["kind"] = TemplateData(std::string(fileKindName(record.file.kind)));
     load["path"] = templateText(printable(Utils::stringToWstring(record.file.path.c_str())));
     load["failure"] = failureData(record.failure);
+    load["leftOut"] = leftOutData(record);
     loads.push_back(std::move(load));
   }
   return {loads};
@@ -87,7 +96,8 @@ TemplateData treeData(const std::vector<SetTreeEntry>& tree) {
 
 TemplateData setsData(const DictionaryIndex& index, const std::vector<SetTreeEntry>& tree) {
   TemplateList sets;
-  for (const SetTreeEntry& entry : tree) sets.push_back(setData(index, *entry.set));
+  AttributeSources sources(index);
+  for (const SetTreeEntry& entry : tree) sets.push_back(setData(index, sources, *entry.set));
   return {sets};
 }
 
