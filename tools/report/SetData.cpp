@@ -76,9 +76,7 @@ TemplateData inheritedData(const DictionaryIndex& index, const MetaMetadataSet& 
 /// The elements that may refer to the set, or to one of its bases and so to the set, too.
 TemplateData referencesData(const DictionaryIndex& index, const MetaMetadataSet& set) {
   TemplateList items;
-  DictionaryIndex::Sets targets = index.basesOf(set);
-  targets.insert(targets.begin(), &set);
-  for (const MetaMetadataSet* target : targets) {
+  for (const MetaMetadataSet* target : index.withBasesOf(set)) {
     for (const MetaElement* element : index.referencesTo(*target)) {
       TemplateData item;
       item["element"] = linkTo(*element);
@@ -93,8 +91,7 @@ TemplateData referencesData(const DictionaryIndex& index, const MetaMetadataSet&
 
 /// Bases that are not loaded, the set's own or of its bases: the key of the first one, or all by their types.
 TemplateData missingBase(const DictionaryIndex& index, const MetaMetadataSet& set, AttributeSources& sources) {
-  const DictionaryIndex::Sets bases = index.basesOf(set);
-  const auto missing = index.missingBaseOf(bases.empty() ? set : *bases.back());
+  const auto missing = index.endOfBasesOf(set);
   std::u32string text = missing ? printable(*missing) : std::u32string();
   if (missing) return templateText(text);
   for (const Templates::WideString& type : sources.missingTypes(set))
