@@ -4,9 +4,11 @@
 #include "json/ExplanationJson.h"
 
 #include "analysis/AttributeSources.h"
+#include "analysis/OwnUses.h"
 #include "analysis/PendingReferences.h"
 #include "json/JsonText.h"
 #include "json/ValueJson.h"
+#include "loading/Failure.h"
 #include "text/ElementText.h"
 #include "text/IdentifierForm.h"
 
@@ -60,7 +62,7 @@ Json references(const DictionaryIndex::Sets& sets) {
 Json originJson(const PropertyMap& map) {
   const Utils::SourceLocation& origin = map.origin();
   if (!origin.isKnown()) return {};
-  return {{"path", jsonString(origin.path())}, {"line", origin.line()}, {"column", origin.column()}};
+  return {{"path", jsonString(shownPath(origin.path()))}, {"line", origin.line()}, {"column", origin.column()}};
 }
 
 Json typeNameJson(Types::Identifiers::Identifier type) {
@@ -135,15 +137,11 @@ Json attributesJson(AttributeSources& sources, const MetaMetadataSet& set) {
 
 Json referencedByJson(const DictionaryIndex& index, const MetaMetadataSet& set) {
   Json found = Json::array();
-  DictionaryIndex::Sets targets = index.basesOf(set);
-  targets.insert(targets.begin(), &set);
-  for (const MetaMetadataSet* target : targets) {
+  for (const MetaMetadataSet* target : index.withBasesOf(set)) {
     for (const MetaElement* element : index.referencesTo(*target)) {
-      Json holders = Json::array();
-      for (const DictionaryIndex::Use& use : index.usesOf(*element)) {
-        if (!use.isInherited) holders.push_back(reference(*use.set));
-      }
-      found.push_back({{"element", reference(*element)}, {"target", reference(*target)}, {"sets", std::move(holders)}});
+      found.push_back({{"element", reference(*element)},
+                       {"target", reference(*target)},
+                       {"sets", references(holdersOf(index, *element))}});
     }
   }
   return found;
@@ -151,7 +149,7 @@ Json referencedByJson(const DictionaryIndex& index, const MetaMetadataSet& set) 
 
 Json setJson(const DictionaryIndex& index, AttributeSources& sources, const MetaMetadataSet& set) {
   const DictionaryIndex::Sets bases = index.basesOf(set);
-  const auto missing = index.missingBaseOf(bases.empty() ? set : *bases.back());
+  const auto missing = index.endOfBasesOf(set);
   Json json = reference(set);
   json["abstract"] = isAbstract(set);
   json["bases"] = references(bases);

@@ -5,6 +5,7 @@
 #include "analysis/AttributeSources.h"
 #include "analysis/OwnUses.h"
 #include "analysis/PendingReferences.h"
+#include "loading/Failure.h"
 #include "text/AttributeText.h"
 #include "text/ElementText.h"
 #include "text/IdentifierForm.h"
@@ -60,7 +61,7 @@ void appendNames(std::string& page, const PropertyMap& map) {
 }
 
 void appendOrigin(std::string& page, const PropertyMap& map) {
-  appendFact(page, U"Declared at", printable(map.origin().toString()));
+  appendFact(page, U"Declared at", printable(shownPath(map.origin().toString())));
 }
 
 std::u32string tagOrDash(const MetaAttribute& attribute) {
@@ -114,7 +115,7 @@ void appendElement(std::string& page, const DictionaryIndex& index, const MetaEl
 std::u32string basesText(const DictionaryIndex& index, const MetaMetadataSet& set, AttributeSources& sources) {
   const DictionaryIndex::Sets bases = index.basesOf(set);
   std::u32string text = listed(bases, U" < ", [](const MetaMetadataSet* base) { return titleOf(*base); });
-  const auto missing = index.missingBaseOf(bases.empty() ? set : *bases.back());
+  const auto missing = index.endOfBasesOf(set);
   const std::u32string notLoaded = missing ? printable(*missing)
                                            : listed(sources.missingTypes(set), U" < ",
                                                     [](const Templates::WideString& type) { return printable(type); });
@@ -151,9 +152,7 @@ void appendAttributes(std::string& page, const DictionaryIndex& index, const Met
 void appendReferences(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set) {
   TextTable table({{U"Element", true}, {U"Type", true}, {U"In sets", true}, {U"As", true}});
   std::size_t count = 0;
-  DictionaryIndex::Sets targets = index.basesOf(set);
-  targets.insert(targets.begin(), &set);
-  for (const MetaMetadataSet* target : targets) {
+  for (const MetaMetadataSet* target : index.withBasesOf(set)) {
     for (const MetaElement* element : index.referencesTo(*target)) {
       table.addRow(
           {nameText(*element), dataTypeText(*element), setNames(holdersOf(index, *element)), titleOf(*target)});
