@@ -1,15 +1,16 @@
-"""Checks that the guide shows the examples as they are: check_code_blocks.py SOURCE_DIR
+"""Checks that the guide and the README show the examples as they are: check_code_blocks.py SOURCE_DIR
 
-Every code block of docs/guide, but for commands to type, is made of whole lines of a file in examples/ that the text above
-it links to; a line "..." stands for lines left out. Entry point: main.
+Every code block of docs/guide, but for commands to type, and every C++ block of the README is made of whole lines of a file
+in examples/ that the text above it links to; a line "..." stands for lines left out. Entry point: main.
 """
 import re
 import sys
 from pathlib import Path
 
 BLOCK = re.compile(r"^```(\w*)\n(.*?)^```$", re.MULTILINE | re.DOTALL)
-LINK = re.compile(r"\]\(([^)]*/examples/[^)]+)\)")
+LINK = re.compile(r"\]\(((?:[^)]*/)?examples/[^)]+)\)")
 COMMANDS = "console"
+CODE = "cpp"
 
 
 def shows(block, text):
@@ -23,7 +24,7 @@ def shows(block, text):
     return True
 
 
-def faults(page):
+def faults(page, is_checked):
     text = page.read_text(encoding="utf-8")
     linked = None
     done = 0
@@ -31,7 +32,7 @@ def faults(page):
         if links := LINK.findall(text, done, block.start()):
             linked = (page.parent / links[-1]).resolve()
         done = block.end()
-        if block[1] == COMMANDS:
+        if not is_checked(block[1]):
             continue
         line = text.count("\n", 0, block.start()) + 1
         if linked is None or not linked.is_file():
@@ -41,10 +42,15 @@ def faults(page):
 
 
 def main():
-    pages = sorted((Path(sys.argv[1]) / "docs" / "guide").glob("*.md"))
+    source = Path(sys.argv[1])
+    pages = sorted((source / "docs" / "guide").glob("*.md"))
     if not any(BLOCK.search(page.read_text(encoding="utf-8")) for page in pages):
         sys.exit("no code in docs/guide")
-    found = [fault for page in pages for fault in faults(page)]
+    readme = source / "README.md"
+    if not any(block[1] == CODE for block in BLOCK.finditer(readme.read_text(encoding="utf-8"))):
+        sys.exit("no C++ in README.md")
+    found = [fault for page in pages for fault in faults(page, lambda language: language != COMMANDS)]
+    found += faults(readme, lambda language: language == CODE)
     sys.exit("\n".join(found) or None)
 
 

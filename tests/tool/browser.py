@@ -1,5 +1,4 @@
 """A headless browser for tests, driven by the WebDriver protocol (W3C) through chromedriver."""
-import base64
 import json
 import subprocess
 import tempfile
@@ -88,9 +87,6 @@ class Browser:
 
     def set_system_theme(self, theme):
         self.command("Emulation.setEmulatedMedia", features=[{"name": "prefers-color-scheme", "value": theme}])
-
-    def screenshot(self, path):
-        path.write_bytes(base64.b64decode(self._send("GET", "/screenshot")))
 
     def messages(self):
         """What the console was told since the last call, errors and warnings of any kind."""

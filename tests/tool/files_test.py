@@ -284,7 +284,9 @@ class Explanations(ToolTest):
                 (b"<a>\xc3</a>", "d.xsd:1:4: note: The first byte that is not UTF-8 is here: C3 hex"),
                 (b"<a>\xc3</a>", "note: Save the file as UTF-8, or declare its encoding"),
                 (declared.replace("UTF-8", "ISO-8859-1").encode() + b"<\xfc>", "note: Correct the XML."),
-                ((declared.replace("8", "16") + "<a>").encode("utf-16"), "note: Correct the XML.")):
+                ((declared.replace("8", "16") + "<a>").encode("utf-16"), "note: Correct the XML."),
+                (b"<a>" * 300 + b"\xfc", "d.xsd:1:772: note: The file is refused since it exceeds a limit"),
+                (b"<!DOCTYPE a [<!ENTITY b ''>]><a>" + b"&b;" * 10001 + b"</a>", "note: The file is refused since it")):
             with self.subTest(note):
                 (self.folder / "d.xsd").write_bytes(content)
                 self.assertIn(note, self.run_tool("dump", "--dictionary", "d.xsd")[2].decode("utf-8", "replace"))

@@ -78,8 +78,8 @@ class Graph(ToolTest):
         for name, expected in [("Z", 'no set is called "Z"'),
                                ("ToC", "no set is called \"ToC\", but an element: 'mxf-metadict explain' tells which "
                                 "sets use it"),
-                               ("TWIN", 'no set is called "TWIN"; did you mean Twin or Twin?'),
-                               ("Twin", '2 sets are called "Twin": give the key of one')]:
+                               ("TWIN", 'no set is called "TWIN"; did you mean ' + f"Twin ({key(6)}) or Twin ({key(7)})?"),
+                               ("Twin", '2 sets are called "Twin": give the key of one, ' + f"{key(6)} or {key(7)}")]:
             status, output, errors = self.run_tool("graph", *self.files, "--scheme", "s2.xsd", "--set", name)
             self.assertEqual((status, output, errors.decode()), (1, b"", f"mxf-metadict: {expected}\n"))
         for options in ([], ["--set", "A"]):

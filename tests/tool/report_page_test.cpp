@@ -44,8 +44,9 @@ TEST(ReportPage, HostileTextsStayTexts) {
   setTexts(set, {PropertyKeys::name, PropertyKeys::documentation, PropertyKeys::xmlTagName,
                  PropertyKeys::xmlNamespaceURI, PropertyKeys::baseGroupLabel});
   outcome.dictionary.addMetaMetadataSet(key, set);
-  outcome.loads.push_back(
-      {{FileKind::Scheme, "</script>"}, Failure{"Oops", std::nullopt, hostile, {}}, {}, {}, {}, {}});
+  outcome.loads.emplace_back();
+  outcome.loads.back().file = {FileKind::Scheme, "</script>"};
+  outcome.loads.back().failure = Failure{"Oops", std::nullopt, hostile, {}};
 
   const std::string page = reportPage(outcome, hostile);
   EXPECT_EQ(count(page, "</script>"), 2U);

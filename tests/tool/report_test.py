@@ -96,6 +96,17 @@ class Report(ToolTest):
         status, output, _ = self.run_tool("report", "--dictionary", "d.xsd", "--scheme", "<gone>", "--keep-going")
         self.assertEqual(status, 1)
         self.assertIn("scheme <gone> could not be loaded: ", Page(output.decode()).text("overview"))
+        self.write("again.xsd", dictionary("\n", element(1, "Again")))
+        self.write("s.xsd", scheme(group(1, "A", base="Keyless"), group(2, "Keyless").replace("Groups:Key", "Groups:No")
+                                   .replace('type="', 'abstract="true" type="')))
+        self.write("none.xsd", scheme())
+        output = self.run_tool("report", "--dictionary", "d.xsd", "--dictionary", "again.xsd", "--scheme", "s.xsd",
+                               "--scheme", "none.xsd", "--keep-going")[1].decode()
+        overview = Page(output).text("overview")
+        for text in ("again.xsd could not be loaded: again.xsd:2:1: An element with this label is declared already: "
+                     f"{label(1)} [MetaElementAlreadyLoaded]; d.xsd:1:", "none.xsd declares no groups: ",
+                     's.xsd loaded without abstract groups: s.xsd:1:'):
+            self.assertIn(text, overview)
 
     def test_the_tree_of_a_long_chain(self):
         deep = [group(n, f"G{n}", base=f"G{n - 1}" if n > 1 else None) for n in range(1, 61)]

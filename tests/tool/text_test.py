@@ -113,11 +113,14 @@ class Text(ToolTest):
         self.assertEqual(self.section(output.decode("utf-8"), "Files"), [
             "Files: 2",
             "  Kind        File        Result",
-            "  dictionary  absent.xsd  IOError",
-            "      absent.xsd file Not Found!",
-            "  dictionary  \ufffd.xsd       IOError",
-            "      \ufffd.xsd file Not Found!",
+            "  dictionary  absent.xsd  failed",
+            "      absent.xsd file Not Found! [IOError]",
+            "  dictionary  \ufffd.xsd       failed",
+            "      \ufffd.xsd file Not Found! [IOError]",
         ])
+        long = "folder_name/" * 4 + "long.name." * 2 + "xsd"  # in one piece, to be copied, as long as the page is wide enough
+        output = self.run_tool("dump", "--keep-going", "--dictionary", long)[1].decode()
+        self.assertIn(f"\n  dictionary  {long}  failed\n", output)
 
 
 if __name__ == "__main__":

@@ -99,6 +99,16 @@ DictionaryIndex::Sets DictionaryIndex::basesOf(const Set& set) const {
   return bases;
 }
 
+DictionaryIndex::Sets DictionaryIndex::withBasesOf(const Set& set) const {
+  Sets sets = basesOf(set);
+  sets.insert(sets.begin(), &set);
+  return sets;
+}
+
+std::optional<Templates::WideString> DictionaryIndex::endOfBasesOf(const Set& set) const {
+  return missingBaseOf(*withBasesOf(set).back());
+}
+
 std::size_t DictionaryIndex::inheritedAttributes(const Set& set) const {
   const Set* base = baseOf(set);
   if (base == nullptr || base == &set) return 0;

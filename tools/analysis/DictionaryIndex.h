@@ -50,6 +50,10 @@ class DictionaryIndex {
   std::optional<Templates::WideString> missingBaseOf(const Set& set) const;
   /// The set's bases, its own base first. Ends where a set would come a second time.
   Sets basesOf(const Set& set) const;
+  /// The set and its bases: what refers to any of them may refer to the set.
+  Sets withBasesOf(const Set& set) const;
+  /// The key of the base that ends the chain since the dictionary does not hold it, as text.
+  std::optional<Templates::WideString> endOfBasesOf(const Set& set) const;
   /// The sets derived from this one directly.
   const Sets& derivedFrom(const Set& set) const;
   /// How many of the set's attributes, the first ones, are its base's.

@@ -5,6 +5,7 @@
 #include "graph/GraphFormats.h"
 #include "output/StandardStreams.h"
 #include "text/ElementText.h"
+#include "text/IdentifierForm.h"
 #include "text/Unicode.h"
 
 #include <Utils/TextConversion.h>
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace MXF::Tessel::Tool {
 
@@ -48,6 +50,29 @@ constexpr SubcommandHelp graphHelp = {
     "                     --dictionary dictionary.xsd --scheme groups.xsd\n"
     "      draws two steps around one set"};
 
+std::string keyOf(const DictionaryIndex::Set& set) {
+  return encode(printable(set.key().toString(textForm)));
+}
+
+/// The name of a set, with its key when others of these have the same name.
+std::string nameAmong(const std::vector<NearMiss>& all, const DictionaryIndex::Set& set) {
+  const std::u32string name = nameText(set);
+  const auto named =
+      std::count_if(all.begin(), all.end(), [&](const NearMiss& miss) { return nameText(*miss.entry.set) == name; });
+  return encode(name) + (named > 1 ? " (" + keyOf(set) + ")" : "");
+}
+
+/// "A", "A or B", or "A, B or C".
+template <class List, class ToText>
+std::string alternatives(const List& list, const ToText& toText) {
+  std::string text;
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    text += i == 0 ? "" : i + 1 == list.size() ? " or " : ", ";
+    text += toText(list[i]);
+  }
+  return text;
+}
+
 /// The set that a text stands for; null, and told, when there is none or more than one.
 const DictionaryIndex::Set* findSet(const DictionaryIndex& index, const std::string& name) {
   const std::string quoted = '"' + name + '"';
@@ -55,7 +80,8 @@ const DictionaryIndex::Set* findSet(const DictionaryIndex& index, const std::str
   const LookupResult found = lookUp(index, text, Sought::Sets);
   if (found.matches.size() == 1) return found.matches.front().set;
   if (found.matches.size() > 1) {
-    reportError(std::to_string(found.matches.size()) + " sets are called " + quoted + ": give the key of one");
+    reportError(std::to_string(found.matches.size()) + " sets are called " + quoted + ": give the key of one, " +
+                alternatives(found.matches, [](const Entry& entry) { return keyOf(*entry.set); }));
     return nullptr;
   }
   std::string message = "no set is called " + quoted;
@@ -63,12 +89,13 @@ const DictionaryIndex::Set* findSet(const DictionaryIndex& index, const std::str
     reportError(message + ", but an element: 'mxf-metadict explain' tells which sets use it");
     return nullptr;
   }
-  const char* separator = "; did you mean ";
-  for (const NearMiss& miss : found.nearMisses) {
-    message += separator + encode(nameText(*miss.entry.set));
-    separator = " or ";
+  if (!found.nearMisses.empty()) {
+    message += "; did you mean " +
+               alternatives(found.nearMisses,
+                            [&](const NearMiss& miss) { return nameAmong(found.nearMisses, *miss.entry.set); }) +
+               "?";
   }
-  reportError(message + (*separator == ' ' ? "?" : ""));
+  reportError(message);
   return nullptr;
 }
 

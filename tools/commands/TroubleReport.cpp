@@ -6,7 +6,18 @@ namespace MXF::Tessel::Tool {
 
 void TroubleReport::tell(const LoadRecord& record) {
   if (record.failure) return tellFailure(record);
-  if (record.warning && !output_.quiet) reportProblem(output_, record.file.path, Style::Warning, *record.warning);
+  if (output_.quiet) return;
+  if (record.warning) reportProblem(output_, record.file.path, Style::Warning, *record.warning);
+  if (record.withAbstractGroups) tellLeftOutGroups(record);
+}
+
+void TroubleReport::tellLeftOutGroups(const LoadRecord& record) {
+  const std::string place = shownPlace(record.withAbstractGroups->place, record.file.path);
+  // Many schemes may have their bases from one, and so the same reason.
+  if (!told_.insert(place + record.whyGroupsAreLeftOut).second) return;
+  reportProblem(output_, place, Style::Warning,
+                "abstract groups of " + record.file.path + " are left out, since " + record.whyGroupsAreLeftOut +
+                    "; sets that extend them are shown without these bases");
 }
 
 void TroubleReport::tellError(const std::string& path, const std::string& text) const {

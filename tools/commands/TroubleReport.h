@@ -24,6 +24,7 @@ class TroubleReport {
 
  private:
   void tellFailure(const LoadRecord& record);
+  void tellLeftOutGroups(const LoadRecord& record);
 
   const OutputOptions& output_;
   std::set<std::string> told_;

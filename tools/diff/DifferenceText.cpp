@@ -21,12 +21,8 @@ constexpr std::size_t maximumNamesOfRepetitions = 8;
 
 using Changes = std::vector<const Change*>;
 
-std::u32string counted(std::size_t number, const char32_t* noun) {
-  return decimal(number) + U' ' + noun + (number == 1 ? U"" : U"s");
-}
-
 std::u32string nameOf(const ChangedThing& subject) {
-  return subject.name.empty() ? fromAscii(subject.id) : printableUtf8(subject.name);
+  return subject.name.empty() ? fromAscii(subject.id) : printable(subject.name);
 }
 
 /// The version byte of a label or key in dotted form.
@@ -84,7 +80,8 @@ std::u32string repetitionText(const Change& change, const Changes& repetitions) 
     last = &subject;
   }
   if (others.empty()) return U"the same in its other attributes";
-  std::u32string text = U"the same in " + counted(others.size(), change.set ? U"other set" : U"other element");
+  std::u32string text =
+      U"the same in " + counted(others.size(), std::u32string(change.set ? U"other set" : U"other element"));
   if (others.size() > maximumNamesOfRepetitions) return text;
   const char32_t* separator = U": ";
   for (const ChangedThing* other : others) {
@@ -137,7 +134,7 @@ void appendChanges(std::string& page, const char32_t* title, const std::vector<C
 
 void appendDump(std::string& page, const char32_t* title, const DictionaryDump& dump) {
   appendParagraph(page, 0,
-                  title + printableUtf8(dump.path) + U" (" + counted(dump.elements.size(), U"element") + U", " +
+                  title + printable(dump.path) + U" (" + counted(dump.elements.size(), U"element") + U", " +
                       counted(dump.sets.size(), U"set") + U')');
 }
 

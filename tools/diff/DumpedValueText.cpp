@@ -3,7 +3,6 @@
 #include "text/Unicode.h"
 
 #include <Types/Identifiers.h>
-#include <Utils/TextConversion.h>
 
 #include <nlohmann/json.hpp>
 
@@ -27,7 +26,7 @@ bool hasText(const Json& object, const char* member) {
 std::u32string asJson(const Json& value) {
   std::string text = writeJson(value);
   text.pop_back();
-  return printableUtf8(text);
+  return printable(text);
 }
 
 /// Whether the value is a text, and not the digits of an identifier.
@@ -40,13 +39,13 @@ bool isTextType(const Json& value) {
 
 std::u32string objectText(const Json& object) {
   if (hasText(object, "name") && hasText(object, "namespace")) {
-    return printableUtf8(object.at("name").get<std::string>()) + U" of namespace " +
-           printableUtf8(object.at("namespace").get<std::string>());
+    return printable(object.at("name").get<std::string>()) + U" of namespace " +
+           printable(object.at("namespace").get<std::string>());
   }
-  if (hasText(object, "name")) return printableUtf8(object.at("name").get<std::string>());
-  if (hasText(object, "key")) return printableUtf8(object.at("key").get<std::string>());
-  if (hasText(object, "label")) return printableUtf8(object.at("label").get<std::string>());
-  if (hasText(object, "value") && !isTextType(object)) return printableUtf8(object.at("value").get<std::string>());
+  if (hasText(object, "name")) return printable(object.at("name").get<std::string>());
+  if (hasText(object, "key")) return printable(object.at("key").get<std::string>());
+  if (hasText(object, "label")) return printable(object.at("label").get<std::string>());
+  if (hasText(object, "value") && !isTextType(object)) return printable(object.at("value").get<std::string>());
   if (object.contains("value")) return asJson(object.at("value"));
   if (object.contains("items")) return itemsText(object.at("items"));
   if (object.contains("components")) return itemsText(object.at("components"));
@@ -61,15 +60,9 @@ std::u32string objectText(const Json& object) {
 
 }  // namespace
 
-std::u32string printableUtf8(const std::string& text) {
-  std::string bytes = text;
-  std::replace(bytes.begin(), bytes.end(), '\0', ' ');  // would end the text
-  return printable(Utils::stringToWstring(bytes.c_str()));
-}
-
 std::u32string dumpedValueText(const Json& value) {
   if (value.is_null()) return U"none";
-  if (value.is_string()) return printableUtf8(value.get_ref<const std::string&>());
+  if (value.is_string()) return printable(value.get_ref<const std::string&>());
   return value.is_object() ? objectText(value) : asJson(value);
 }
 

@@ -6,9 +6,6 @@
 
 namespace MXF::Tessel::Tool {
 
-/// A text of a dump, for people.
-std::u32string printableUtf8(const std::string& text);
-
 /// A value of a change as people write it: a text as it is, a set or element by its name (and namespace), a distinguished value like
 /// valueText(), "none" for null.
 std::u32string dumpedValueText(const Json& value);

@@ -3,9 +3,12 @@
 
 #include "json/ExplanationJson.h"
 
+#include "analysis/AttributeSources.h"
+#include "analysis/OwnUses.h"
 #include "analysis/PendingReferences.h"
 #include "json/JsonText.h"
 #include "json/ValueJson.h"
+#include "loading/Failure.h"
 #include "text/ElementText.h"
 #include "text/IdentifierForm.h"
 
@@ -59,7 +62,7 @@ Json references(const DictionaryIndex::Sets& sets) {
 Json originJson(const PropertyMap& map) {
   const Utils::SourceLocation& origin = map.origin();
   if (!origin.isKnown()) return {};
-  return {{"path", jsonString(origin.path())}, {"line", origin.line()}, {"column", origin.column()}};
+  return {{"path", jsonString(shownPath(origin.path()))}, {"line", origin.line()}, {"column", origin.column()}};
 }
 
 Json typeNameJson(Types::Identifiers::Identifier type) {
@@ -79,28 +82,29 @@ Json pendingJson(const MetaElement& element) {
 }
 
 /// Adds what is known of an attribute, whether it is seen from its element or from its set.
-void addAttribute(Json& json, const DictionaryIndex& index, const MetaMetadataSet& set, std::size_t position) {
+void addAttribute(Json& json, AttributeSources& sources, const MetaMetadataSet& set, std::size_t position) {
   const MetaAttribute& attribute = *set.metaAttributes()[position];
   const auto& statusWords = MetaMetadata::AttributeRequiredStatus::instance();
   const Types::LocalTag* tag = attribute.localTag();
   const Types::BaseType* value = attribute.distinguishedValue();
-  const MetaMetadataSet& declaring = index.declaringSet(set, position);
+  const AttributeSource source = sources.of(set, position);
   json["localTag"] = tag == nullptr ? Json() : jsonString(tag->toString(textForm));
   json["requiredStatus"] = jsonString(statusWords.toString(attribute.requiredStatus()));
   json["distinguishedValue"] = value == nullptr ? Json() : valueJson(*value);
   json["declaredAt"] = originJson(attribute);
-  json["inheritedFrom"] = &declaring == &set ? Json() : reference(declaring);
+  json["inheritedFrom"] = source.set == &set ? Json() : reference(*source.set);
+  json["typeNotLoaded"] = source.missingType ? jsonString(*source.missingType) : Json();
 }
 
-Json usesJson(const DictionaryIndex& index, const MetaElement& element) {
+Json usesJson(const DictionaryIndex& index, AttributeSources& sources, const MetaElement& element) {
   return array(index.usesOf(element), [&](const DictionaryIndex::Use& use) {
     Json json = {{"set", reference(*use.set)}};
-    addAttribute(json, index, *use.set, use.attribute);
+    addAttribute(json, sources, *use.set, use.attribute);
     return json;
   });
 }
 
-Json elementJson(const DictionaryIndex& index, const MetaElement& element) {
+Json elementJson(const DictionaryIndex& index, AttributeSources& sources, const MetaElement& element) {
   Json json = reference(element);
   json["dataType"] = typeNameJson(element.dataType());
   json["dataSubType"] = itemTypeName(element);
@@ -114,18 +118,18 @@ Json elementJson(const DictionaryIndex& index, const MetaElement& element) {
   json["declaredAt"] = originJson(element);
   json["targets"] = references(index.targetsOf(element));
   json["undeclaredTargets"] = pendingJson(element);
-  json["uses"] = usesJson(index, element);
+  json["uses"] = usesJson(index, sources, element);
   return json;
 }
 
-Json attributesJson(const DictionaryIndex& index, const MetaMetadataSet& set) {
+Json attributesJson(AttributeSources& sources, const MetaMetadataSet& set) {
   Json attributes = Json::array();
   for (std::size_t i = 0; i < set.metaAttributes().size(); ++i) {
     const MetaElement& element = set.metaAttributes()[i]->metaElement();
     Json json = {{"element", reference(element)},
                  {"dataType", typeNameJson(element.dataType())},
                  {"dataSubType", itemTypeName(element)}};
-    addAttribute(json, index, set, i);
+    addAttribute(json, sources, set, i);
     attributes.push_back(std::move(json));
   }
   return attributes;
@@ -133,23 +137,19 @@ Json attributesJson(const DictionaryIndex& index, const MetaMetadataSet& set) {
 
 Json referencedByJson(const DictionaryIndex& index, const MetaMetadataSet& set) {
   Json found = Json::array();
-  DictionaryIndex::Sets targets = index.basesOf(set);
-  targets.insert(targets.begin(), &set);
-  for (const MetaMetadataSet* target : targets) {
+  for (const MetaMetadataSet* target : index.withBasesOf(set)) {
     for (const MetaElement* element : index.referencesTo(*target)) {
-      Json holders = Json::array();
-      for (const DictionaryIndex::Use& use : index.usesOf(*element)) {
-        if (!use.isInherited) holders.push_back(reference(*use.set));
-      }
-      found.push_back({{"element", reference(*element)}, {"target", reference(*target)}, {"sets", std::move(holders)}});
+      found.push_back({{"element", reference(*element)},
+                       {"target", reference(*target)},
+                       {"sets", references(holdersOf(index, *element))}});
     }
   }
   return found;
 }
 
-Json setJson(const DictionaryIndex& index, const MetaMetadataSet& set) {
+Json setJson(const DictionaryIndex& index, AttributeSources& sources, const MetaMetadataSet& set) {
   const DictionaryIndex::Sets bases = index.basesOf(set);
-  const auto missing = index.missingBaseOf(bases.empty() ? set : *bases.back());
+  const auto missing = index.endOfBasesOf(set);
   Json json = reference(set);
   json["abstract"] = isAbstract(set);
   json["bases"] = references(bases);
@@ -159,7 +159,7 @@ Json setJson(const DictionaryIndex& index, const MetaMetadataSet& set) {
   json["xmlNamespace"] = property(set, PropertyKeys::xmlNamespaceURI);
   json["documentation"] = property(set, PropertyKeys::documentation);
   json["declaredAt"] = originJson(set);
-  json["attributes"] = attributesJson(index, set);
+  json["attributes"] = attributesJson(sources, set);
   json["referencedBy"] = referencedByJson(index, set);
   return json;
 }
@@ -191,9 +191,10 @@ std::string explanationJson(const DictionaryIndex& index, const Templates::WideS
                             const LookupResult& found) {
   Json elements = Json::array();
   Json sets = Json::array();
+  AttributeSources sources(index);
   for (const Entry& entry : found.matches) {
-    if (entry.element != nullptr) elements.push_back(elementJson(index, *entry.element));
-    if (entry.set != nullptr) sets.push_back(setJson(index, *entry.set));
+    if (entry.element != nullptr) elements.push_back(elementJson(index, sources, *entry.element));
+    if (entry.set != nullptr) sets.push_back(setJson(index, sources, *entry.set));
   }
   Json nearMisses = array(found.nearMisses, [](const NearMiss& miss) {
     Json json = miss.entry.element != nullptr ? reference(*miss.entry.element) : reference(*miss.entry.set);

@@ -92,6 +92,7 @@ Templates::WideString shownPath(const Templates::WideString& path) {
        found = shown.find(L"/./", found)) {
     shown.erase(found, 2);
   }
+  while (shown.compare(0, 2, L"./") == 0 && shown.size() > 2) shown.erase(0, 2);
   return shown;
 }
 

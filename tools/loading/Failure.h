@@ -28,7 +28,8 @@ std::optional<Failure> failureOf(const std::function<void()>& action);
 /// The message without the "PATH:LINE:COLUMN: " that those of the parser begin with; other messages as they are.
 Templates::WideString messageWithoutPlace(const Failure& failure);
 
-/// The path as it is printed: without the "./" that an import's location adds in its middle.
+/// The path as it is printed: without the "./" that the location of an import adds, in its middle or, beside a scheme
+/// that is given without a folder, before it.
 Templates::WideString shownPath(const Templates::WideString& path);
 
 /// "PATH:LINE:COLUMN" as it is printed, or the file when the place is not known.

@@ -103,6 +103,11 @@ std::string remedyOfXml(const Case& fault) {
   return fault.isInImport() ? "Correct the XML of the imported schema." : "Correct the XML.";
 }
 
+std::string remedyOfLimit(const Case& /*fault*/) {
+  return "The file is refused since it exceeds a limit that guards hosts against schemas made to exhaust them; "
+         "SECURITY.md lists the limits.";
+}
+
 std::string remedyOfElementLabel(const Case& fault) {
   return "Give the element its label in " + annotation(fault.annotations().elementLabel) + ".";
 }
@@ -249,7 +254,16 @@ struct Row {
   std::string (*remedy)(const Case& fault);
 };
 
+constexpr const wchar_t* limitExceeded = L"*Limit exceeded: more than ";  // the path and place may stand before it
+constexpr const wchar_t* entityLimitExceeded = L"* entity expansions in the document";  // the parser's own words
+
 constexpr Row rows[] = {
+    {"IOError", limitExceeded, remedyOfLimit},
+    {"ParseError", limitExceeded, remedyOfLimit},
+    {"ParseError", entityLimitExceeded, remedyOfLimit},
+    {"SAXParseException", limitExceeded, remedyOfLimit},
+    {"SAXParseException", entityLimitExceeded, remedyOfLimit},
+    {"InvalidValue", limitExceeded, remedyOfLimit},
     {"IOError", L"", remedyOfIoError},
     {"XQillaException", L"*No namespace for prefix 'xs'", remedyOfPrefix},
     {"ParseError", L"*No namespace for prefix 'xs'", remedyOfPrefix},
@@ -331,7 +345,8 @@ Explanation explainFailure(const LoadRecord& record, const LoadOutcome& outcome,
     const std::string remedy = remedyOfNoMultiplex(record.file);
     if (!remedy.empty()) explanation.remedy = remedy;
   }
-  if (isOfParser(failure)) {
+  const bool isLimit = row != std::end(rows) && row->remedy == remedyOfLimit;
+  if (isOfParser(failure) && !isLimit) {
     const WideString file = Utils::stringToWstring(record.file.path.c_str());
     Explanation bytes = explainBytes(failure.place.isKnown() ? failure.place.path() : file);
     if (!bytes.remedy.empty()) explanation = std::move(bytes);

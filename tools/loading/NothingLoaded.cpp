@@ -19,10 +19,6 @@ struct Flavour {
   AnnotatedDeclarations declared;
 };
 
-std::string counted(std::size_t number, const char* noun) {
-  return std::to_string(number) + " " + noun + (number == 1 ? "" : "s");
-}
-
 std::size_t declaredAs(FileKind kind, const AnnotatedDeclarations& declared) {
   return kind == FileKind::Dictionary ? declared.elements : declared.groups;
 }
@@ -46,7 +42,7 @@ NothingLoaded wrongFlavour(const SchemaFile& file, const Flavour& used, const Fl
   const bool hasAny = declaredAs(file.kind, used.declared) > 0;
   const std::string text = std::string("declares ") + (hasAny ? "abstract " + noun + "s only" : "no " + noun + "s") +
                            " in the " + used.annotations.flavour + " flavour, but " +
-                           counted(declaredAs(file.kind, other.declared), noun.c_str()) + " in the " +
+                           counted(declaredAs(file.kind, other.declared), noun) + " in the " +
                            other.annotations.flavour + " flavour";
   const std::string choice = howToChoose(other.annotations, file.path);
   const bool isDefault = &other.annotations == &annotationsOf(urnMultiplexNamespace);

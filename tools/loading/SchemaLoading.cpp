@@ -1,6 +1,7 @@
 #include "loading/SchemaLoading.h"
 
 #include "loading/FailureExplanation.h"
+#include "loading/LeftOutGroups.h"
 #include "loading/NothingLoaded.h"
 
 #include <MetaMetadata/Loading/XSDDictionaryLoader2.h>
@@ -86,6 +87,9 @@ LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, co
   record.file = file;
   tryToLoad(loader, record, request, outcome.dictionary);
   outcome.targetNamespace = loader.getTargetNamespace();
+  if (record.withAbstractGroups) {
+    record.whyGroupsAreLeftOut = whyGroupsAreLeftOut(*record.withAbstractGroups, outcome.targetNamespace);
+  }
   if (record.failure) {
     findPlace(file, *record.failure);
     record.explanation = explainFailure(record, outcome, request.abstractGroups);
@@ -120,7 +124,7 @@ bool loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
   for (const SchemaFile& file : filesInLoadOrder(request)) {
     outcome.loads.push_back(loadRecorded(loader, file, request, outcome));
     const LoadRecord& record = outcome.loads.back();
-    if (record.failure || record.warning) onTrouble(record);
+    if (record.failure || record.warning || record.withAbstractGroups) onTrouble(record);
     if (record.failure) isComplete = false;
     if (record.failure && !request.keepGoing) break;
   }

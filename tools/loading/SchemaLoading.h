@@ -47,6 +47,7 @@ struct LoadRecord {
   std::optional<std::string> warning;  ///< Why a load that may be meant so added nothing; the rest of a sentence.
   /// Why the file failed to load with abstract groups, when it was loaded without them after that.
   std::optional<Failure> withAbstractGroups;
+  std::string whyGroupsAreLeftOut;  ///< The same as the rest of a sentence; empty when they are not left out.
 };
 
 /// What loading left behind. After a failure the dictionary holds what the loads before it, and the failed load itself,
@@ -58,7 +59,8 @@ struct LoadOutcome {
 };
 
 /// Loads the files of the request with one loader into one dictionary, the multiplex first.
-/// @param onTrouble  called for each load that fails or that there is a warning of, at once.
+/// @param onTrouble  called for each load that fails, that there is a warning of, or that leaves out abstract
+///                  groups, at once.
 /// @return whether all files were loaded.
 bool loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
                  const std::function<void(const LoadRecord&)>& onTrouble);

@@ -1,5 +1,6 @@
 #include "report/Links.h"
 
+#include "loading/Failure.h"
 #include "text/ElementText.h"
 #include "text/IdentifierForm.h"
 #include "text/Unicode.h"
@@ -46,7 +47,7 @@ TemplateData linksTo(const DictionaryIndex::Sets& sets) {
 }
 
 TemplateData originOf(const MetaMetadata::PropertyMap& declared) {
-  return textOrNothing(printable(declared.origin().toString()));
+  return textOrNothing(printable(shownPath(declared.origin().toString())));
 }
 
 }  // namespace MXF::Tessel::Tool

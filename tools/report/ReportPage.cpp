@@ -12,8 +12,6 @@
 #include "text/SetTree.h"
 #include "text/Unicode.h"
 
-#include <Utils/TextConversion.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <map>
@@ -30,9 +28,29 @@ namespace {
 // Deeper levels of the tree are shown at this one: browsers stop nesting somewhere, and a schema decides how deep it is.
 constexpr std::size_t deepestLevel = 12;
 
-TemplateData failureData(const std::optional<Failure>& failure) {
-  if (!failure) return {false};
-  return templateText(printable(failure->message) + U" [" + fromAscii(failure->className) + U']');
+/// Where, what and why, as the other commands tell it.
+TemplateData failureData(const LoadRecord& record) {
+  if (!record.failure) return {false};
+  const Failure& failure = *record.failure;
+  const std::u32string message = printable(messageWithoutPlace(failure)) + U" [" + fromAscii(failure.className) + U']';
+  const std::u32string place = printable(shownPath(failure.place.toString()));
+  const std::u32string meaning = printable(record.explanation.meaning);
+  std::u32string text = (place.empty() ? U"" : place + U": ") + (meaning.empty() ? U"" : meaning + U": ") + message;
+  for (const PlacedNote& note : record.explanation.related) {
+    text += U"; " + printable(shownPlace(note.place, record.file.path) + ": " + note.text);
+  }
+  return templateText(text);
+}
+
+TemplateData warningData(const LoadRecord& record) {
+  return textOrNothing(printable(record.warning.value_or("")));
+}
+
+/// Why abstract groups of the file are missing.
+TemplateData leftOutData(const LoadRecord& record) {
+  if (!record.withAbstractGroups) return {false};
+  return templateText(
+      printable(shownPlace(record.withAbstractGroups->place, record.file.path) + ": " + record.whyGroupsAreLeftOut));
 }
 
 TemplateData loadsData(const std::vector<LoadRecord>& records) {
@@ -40,8 +58,10 @@ TemplateData loadsData(const std::vector<LoadRecord>& records) {
   for (const LoadRecord& record : records) {
     TemplateData load;
     load["kind"] = TemplateData(std::string(fileKindName(record.file.kind)));
-    load["path"] = templateText(printable(Utils::stringToWstring(record.file.path.c_str())));
-    load["failure"] = failureData(record.failure);
+    load["path"] = templateText(printable(record.file.path));
+    load["failure"] = failureData(record);
+    load["warning"] = warningData(record);
+    load["leftOut"] = leftOutData(record);
     loads.push_back(std::move(load));
   }
   return {loads};
@@ -87,7 +107,8 @@ TemplateData treeData(const std::vector<SetTreeEntry>& tree) {
 
 TemplateData setsData(const DictionaryIndex& index, const std::vector<SetTreeEntry>& tree) {
   TemplateList sets;
-  for (const SetTreeEntry& entry : tree) sets.push_back(setData(index, *entry.set));
+  AttributeSources sources(index);
+  for (const SetTreeEntry& entry : tree) sets.push_back(setData(index, sources, *entry.set));
   return {sets};
 }
 

@@ -13,7 +13,10 @@
 
 #include <MetaMetadata/PropertyKeys.h>
 
-#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace MXF::Tessel::Tool {
 
@@ -34,30 +37,38 @@ TemplateData attributeData(const DictionaryIndex& index, const MetaAttribute& at
   return data;
 }
 
-/// The attributes from one position to before another.
-TemplateData attributesData(const DictionaryIndex& index, const MetaMetadataSet& set, std::size_t first,
-                            std::size_t end) {
+/// The attributes of the set itself, which follow the inherited ones.
+TemplateData ownData(const DictionaryIndex& index, const MetaMetadataSet& set,
+                     const std::vector<AttributeSource>& sources) {
   TemplateList items;
-  for (std::size_t i = first; i < end; ++i) items.push_back(attributeData(index, *set.metaAttributes()[i]));
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    if (!sources[i].isInherited(set)) items.push_back(attributeData(index, *set.metaAttributes()[i]));
+  }
   return itemsOrNothing(items);
 }
 
-/// The inherited attributes, in one group for each base that adds some.
-TemplateData inheritedData(const DictionaryIndex& index, const MetaMetadataSet& set) {
+/// The inherited attributes, in one group for each base that adds some, whether it is loaded or not.
+TemplateData inheritedData(const DictionaryIndex& index, const MetaMetadataSet& set,
+                           const std::vector<AttributeSource>& sources) {
   TemplateList groups;
-  const std::size_t inherited = index.inheritedAttributes(set);
-  for (std::size_t first = 0; first < inherited;) {
-    const MetaMetadataSet& base = index.declaringSet(set, first);
-    const std::size_t end = std::clamp(base.metaAttributes().size(), first + 1, inherited);
+  std::size_t total = 0;
+  for (std::size_t i = 0; i < sources.size();) {
+    const AttributeSource& source = sources[i];
+    TemplateList items;
+    for (; i < sources.size() && sources[i] == source; ++i) {
+      items.push_back(attributeData(index, *set.metaAttributes()[i]));
+    }
+    if (!source.isInherited(set)) continue;
+    total += items.size();
     TemplateData group;
-    group["base"] = linkTo(base);
-    group["attributes"] = attributesData(index, set, first, end);
+    group["base"] = source.missingType ? TemplateData(false) : linkTo(*source.set);
+    group["missingType"] = source.missingType ? templateText(printable(*source.missingType)) : TemplateData(false);
+    group["attributes"] = itemsOrNothing(items);
     groups.push_back(std::move(group));
-    first = end;
   }
   if (groups.empty()) return {false};
   TemplateData data;
-  data["total"] = templateNumber(inherited);
+  data["total"] = templateNumber(total);
   data["groups"] = TemplateData(groups);
   return data;
 }
@@ -65,9 +76,7 @@ TemplateData inheritedData(const DictionaryIndex& index, const MetaMetadataSet& 
 /// The elements that may refer to the set, or to one of its bases and so to the set, too.
 TemplateData referencesData(const DictionaryIndex& index, const MetaMetadataSet& set) {
   TemplateList items;
-  DictionaryIndex::Sets targets = index.basesOf(set);
-  targets.insert(targets.begin(), &set);
-  for (const MetaMetadataSet* target : targets) {
+  for (const MetaMetadataSet* target : index.withBasesOf(set)) {
     for (const MetaElement* element : index.referencesTo(*target)) {
       TemplateData item;
       item["element"] = linkTo(*element);
@@ -80,16 +89,20 @@ TemplateData referencesData(const DictionaryIndex& index, const MetaMetadataSet&
   return itemsOrNothing(items);
 }
 
-/// The key of a base that is not loaded, the set's own or one of its bases'.
-TemplateData missingBase(const DictionaryIndex& index, const MetaMetadataSet& set) {
-  const DictionaryIndex::Sets bases = index.basesOf(set);
-  const auto missing = index.missingBaseOf(bases.empty() ? set : *bases.back());
-  return missing ? templateText(printable(*missing)) : TemplateData(false);
+/// Bases that are not loaded, the set's own or of its bases: the key of the first one, or all by their types.
+TemplateData missingBase(const DictionaryIndex& index, const MetaMetadataSet& set, AttributeSources& sources) {
+  const auto missing = index.endOfBasesOf(set);
+  std::u32string text = missing ? printable(*missing) : std::u32string();
+  if (missing) return templateText(text);
+  for (const Templates::WideString& type : sources.missingTypes(set))
+    text += (text.empty() ? U"" : U" < ") + printable(type);
+  return textOrNothing(text);
 }
 
 }  // namespace
 
-TemplateData setData(const DictionaryIndex& index, const MetaMetadataSet& set) {
+TemplateData setData(const DictionaryIndex& index, AttributeSources& sources, const MetaMetadataSet& set) {
+  const std::vector<AttributeSource> attributes = sources.of(set);
   TemplateData data = linkTo(set);
   data["key"] = templateText(printable(set.key().toString(textForm)));
   data["xmlName"] = textOrNothing(propertyText(set, PropertyKeys::xmlTagName));
@@ -97,10 +110,10 @@ TemplateData setData(const DictionaryIndex& index, const MetaMetadataSet& set) {
   data["documentation"] = textOrNothing(withoutExtraBlanks(propertyText(set, PropertyKeys::documentation)));
   data["origin"] = originOf(set);
   data["bases"] = linksTo(index.basesOf(set));
-  data["missingBase"] = missingBase(index, set);
+  data["missingBase"] = missingBase(index, set, sources);
   data["derived"] = linksTo(index.derivedFrom(set));
-  data["own"] = attributesData(index, set, index.inheritedAttributes(set), set.metaAttributes().size());
-  data["inherited"] = inheritedData(index, set);
+  data["own"] = ownData(index, set, attributes);
+  data["inherited"] = inheritedData(index, set, attributes);
   data["references"] = referencesData(index, set);
   return data;
 }

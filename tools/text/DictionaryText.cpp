@@ -11,8 +11,6 @@
 #include "text/TextTable.h"
 #include "text/Unicode.h"
 
-#include <Utils/TextConversion.h>
-
 #include <map>
 
 namespace MXF::Tessel::Tool {
@@ -23,13 +21,16 @@ using MetaMetadata::MetaElement;
 namespace {
 
 void appendLoads(std::string& page, const std::vector<LoadRecord>& loads) {
-  TextTable table({{U"Kind"}, {U"File", true}, {U"Result", true}});
+  TextTable table({{U"Kind"}, {U"File", true}, {U"Result"}});
   for (const LoadRecord& load : loads) {
     std::vector<std::u32string> notes;
-    if (load.failure) notes.push_back(withoutExtraBlanks(printable(load.failure->message)));
-    table.addRow({fromAscii(fileKindName(load.file.kind)), printable(Utils::stringToWstring(load.file.path.c_str())),
-                  load.failure ? fromAscii(load.failure->className) : U"loaded"},
-                 notes);
+    if (load.failure) {
+      notes.push_back(withoutExtraBlanks(printable(load.failure->message)) + U" [" +
+                      fromAscii(load.failure->className) + U']');
+    }
+    table.addRow(
+        {fromAscii(fileKindName(load.file.kind)), printable(load.file.path), load.failure ? U"failed" : U"loaded"},
+        notes);
   }
   appendHeading(page, U"Files", loads.size());
   table.appendTo(page);

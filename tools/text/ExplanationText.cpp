@@ -2,6 +2,7 @@
 
 #include "text/ExplanationText.h"
 
+#include "analysis/AttributeSources.h"
 #include "analysis/OwnUses.h"
 #include "analysis/PendingReferences.h"
 #include "loading/Failure.h"
@@ -14,8 +15,8 @@
 
 #include <MetaMetadata/PropertyKeys.h>
 
-#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace MXF::Tessel::Tool {
 
@@ -60,7 +61,7 @@ void appendNames(std::string& page, const PropertyMap& map) {
 }
 
 void appendOrigin(std::string& page, const PropertyMap& map) {
-  appendFact(page, U"Declared at", printable(map.origin().toString()));
+  appendFact(page, U"Declared at", printable(shownPath(map.origin().toString())));
 }
 
 std::u32string tagOrDash(const MetaAttribute& attribute) {
@@ -110,59 +111,48 @@ void appendElement(std::string& page, const DictionaryIndex& index, const MetaEl
   appendUses(page, index, element);
 }
 
-/// The chain of bases, or what is known of a base that is not there.
-std::u32string basesText(const DictionaryIndex& index, const MetaMetadataSet& set) {
+/// The chain of bases, or what is known of bases that are not there.
+std::u32string basesText(const DictionaryIndex& index, const MetaMetadataSet& set, AttributeSources& sources) {
   const DictionaryIndex::Sets bases = index.basesOf(set);
   std::u32string text = listed(bases, U" < ", [](const MetaMetadataSet* base) { return titleOf(*base); });
-  const auto missing = index.missingBaseOf(bases.empty() ? set : *bases.back());
-  if (!missing) return text;
-  return text + (text.empty() ? U"" : U" < ") + printable(*missing) + U" (not loaded)";
+  const auto missing = index.endOfBasesOf(set);
+  const std::u32string notLoaded = missing ? printable(*missing)
+                                           : listed(sources.missingTypes(set), U" < ",
+                                                    [](const Templates::WideString& type) { return printable(type); });
+  if (notLoaded.empty()) return text;
+  return text + (text.empty() ? U"" : U" < ") + notLoaded + U" (not loaded)";
 }
 
-/// The file of an attribute that a set has of a base in another file, when that base is not in the dictionary; else
-/// empty.
-std::u32string fileOfMissingBase(const DictionaryIndex& index, const MetaMetadataSet& set,
-                                 const MetaMetadata::MetaAttribute& attribute) {
-  if (!index.missingBaseOf(set) || !attribute.origin().isKnown()) return {};
-  const Templates::WideString file = shownPath(attribute.origin().path());
-  return file == shownPath(set.origin().path()) ? std::u32string() : printable(file);
+std::u32string sourceText(const AttributeSource& source) {
+  return source.missingType ? printable(*source.missingType) + U" (not loaded)" : nameText(*source.set);
 }
 
 /// @param own  whether to list the set's own attributes or the inherited ones.
-void appendAttributes(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set, bool own) {
+void appendAttributes(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set,
+                      const std::vector<AttributeSource>& sources, bool own) {
   std::vector<TextTable::Column> columns{{U"Tag"}, {U"Name", true}, {U"Type", true}, {U"Status"}, {U"Value", true}};
-  const std::size_t inherited = index.inheritedAttributes(set);
-  const auto& attributes = set.metaAttributes();
-  const std::size_t first = own ? inherited : 0;
-  const std::size_t end = own ? attributes.size() : inherited;
-  std::vector<std::u32string> sources;
-  for (std::size_t i = first; i < end; ++i) {
-    const MetaMetadataSet& declaring = index.declaringSet(set, i);
-    const std::u32string file = fileOfMissingBase(index, declaring, *attributes[i]);
-    sources.push_back(file.empty() && !own ? nameText(declaring) : file);
-  }
-  const bool hasSource =
-      std::any_of(sources.begin(), sources.end(), [](const std::u32string& source) { return !source.empty(); });
-  if (hasSource) columns.push_back({U"From", true});
+  if (!own) columns.push_back({U"From", true});
   TextTable table(std::move(columns));
-  for (std::size_t i = first; i < end; ++i) {
-    const MetaElement& element = attributes[i]->metaElement();
-    std::vector<std::u32string> cells{tagOrDash(*attributes[i]), nameText(element),
-                                      typeText(element, index.dictionary()), statusText(*attributes[i]),
-                                      distinguishedText(*attributes[i])};
-    if (hasSource) cells.push_back(sources[i - first]);
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    if (sources[i].isInherited(set) == own) continue;
+    const MetaAttribute& attribute = *set.metaAttributes()[i];
+    std::vector<std::u32string> cells{tagOrDash(attribute), nameText(attribute.metaElement()),
+                                      typeText(attribute.metaElement(), index.dictionary()), statusText(attribute),
+                                      distinguishedText(attribute)};
+    if (!own) cells.push_back(sourceText(sources[i]));
     table.addRow(std::move(cells));
+    ++count;
   }
-  appendHeading(page, own ? U"Own attributes" : U"Inherited attributes", end - first);
+  if (!own && count == 0) return;
+  appendHeading(page, own ? U"Own attributes" : U"Inherited attributes", count);
   table.appendTo(page);
 }
 
 void appendReferences(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set) {
   TextTable table({{U"Element", true}, {U"Type", true}, {U"In sets", true}, {U"As", true}});
   std::size_t count = 0;
-  DictionaryIndex::Sets targets = index.basesOf(set);
-  targets.insert(targets.begin(), &set);
-  for (const MetaMetadataSet* target : targets) {
+  for (const MetaMetadataSet* target : index.withBasesOf(set)) {
     for (const MetaElement* element : index.referencesTo(*target)) {
       table.addRow(
           {nameText(*element), dataTypeText(*element), setNames(holdersOf(index, *element)), titleOf(*target)});
@@ -173,16 +163,17 @@ void appendReferences(std::string& page, const DictionaryIndex& index, const Met
   table.appendTo(page);
 }
 
-void appendSet(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set) {
+void appendSet(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set,
+               AttributeSources& attributeSources) {
   appendParagraph(page, 0, U"Set: " + titleOf(set), Style::Heading);
   appendFact(page, U"Key", printable(set.key().toString(textForm)));
-  appendFact(page, U"Derived from", basesText(index, set));
+  appendFact(page, U"Derived from", basesText(index, set, attributeSources));
   appendFact(page, U"Base of", setNames(index.derivedFrom(set)));
   appendNames(page, set);
   appendFact(page, U"Documentation", withoutExtraBlanks(propertyText(set, PropertyKeys::documentation)));
   appendOrigin(page, set);
-  appendAttributes(page, index, set, true);
-  if (index.inheritedAttributes(set) > 0) appendAttributes(page, index, set, false);
+  const std::vector<AttributeSource> sources = attributeSources.of(set);
+  for (const bool own : {true, false}) appendAttributes(page, index, set, sources, own);
   appendReferences(page, index, set);
 }
 
@@ -245,10 +236,11 @@ void appendNearMisses(std::string& page, const DictionaryIndex& index, const Tem
 std::string explanationText(const DictionaryIndex& index, const Templates::WideString& question,
                             const LookupResult& found) {
   std::string page;
+  AttributeSources attributeSources(index);
   for (const Entry& entry : found.matches) {
     if (!page.empty()) page += "\n\n";
     if (entry.element != nullptr) appendElement(page, index, *entry.element);
-    if (entry.set != nullptr) appendSet(page, index, *entry.set);
+    if (entry.set != nullptr) appendSet(page, index, *entry.set, attributeSources);
   }
   if (found.matches.empty()) appendNearMisses(page, index, question, found);
   return page;

@@ -3,8 +3,6 @@
 #include "text/TextLayout.h"
 #include "text/Unicode.h"
 
-#include <Utils/TextConversion.h>
-
 #include <algorithm>
 #include <limits>
 #include <string_view>
@@ -25,10 +23,6 @@ struct Page {
   std::string text;
   std::size_t width;
 };
-
-std::u32string wide(const std::string& text) {
-  return printable(Utils::stringToWstring(text.c_str()));
-}
 
 std::u32string placeText(const Place& place) {
   const std::u32string path = printable(place.path);
@@ -74,9 +68,9 @@ std::u32string ruleText(const Finding& finding) {
 
 void appendFinding(Page& page, const Finding& finding) {
   appendMessage(page, finding.place, finding.rule->severity,
-                wide(finding.shortMessage.empty() ? finding.message : finding.shortMessage) + ruleText(finding));
+                printable(finding.shortMessage.empty() ? finding.message : finding.shortMessage) + ruleText(finding));
   for (const RelatedPlace& related : finding.related) {
-    appendMessage(page, related.place, Severity::Note, wide(related.message));
+    appendMessage(page, related.place, Severity::Note, printable(related.message));
   }
 }
 
@@ -97,8 +91,8 @@ void appendMany(Page& page, const ShownFindings& findings, std::size_t start, st
   std::string names;
   for (std::size_t i = start; i < start + namedOfMany; ++i) names += (i == start ? "" : ", ") + findings[i]->name;
   appendMessage(page, first.place, first.rule->severity,
-                wide(first.rule->many + names + " and " + std::to_string(count - namedOfMany) +
-                     " more of this file; --format json tells each.") +
+                printable(first.rule->many + names + " and " + std::to_string(count - namedOfMany) +
+                          " more of this file; --format json tells each.") +
                     ruleText(first));
 }
 
@@ -107,7 +101,7 @@ void appendNamespaces(Page& page, const std::vector<std::string>& namespaces) {
   if (namespaces.empty()) return;
   appendWrapped(page, remedyColumn, namespaces.size() == 1 ? U"Namespace of the sets:" : U"Namespaces of the sets:",
                 Style::Hint);
-  for (const std::string& uri : namespaces) appendWrapped(page, continuationColumn, wide(uri), Style::Hint);
+  for (const std::string& uri : namespaces) appendWrapped(page, continuationColumn, printable(uri), Style::Hint);
 }
 
 void appendFindings(Page& page, const ShownFindings& findings) {
@@ -125,14 +119,10 @@ void appendFindings(Page& page, const ShownFindings& findings) {
     }
     i += count;
     if (i < findings.size() && findings[i]->remedy == finding.remedy) continue;
-    appendWrapped(page, remedyColumn, wide(finding.remedy), Style::Hint);
+    appendWrapped(page, remedyColumn, printable(finding.remedy), Style::Hint);
     appendNamespaces(page, namespaces);
     namespaces.clear();
   }
-}
-
-std::u32string counted(std::size_t number, const std::u32string& noun) {
-  return decimal(number) + U" " + noun + (number == 1 ? U"" : U"s");
 }
 
 void appendSummary(Page& page, const CheckResult& result) {

@@ -132,6 +132,12 @@ std::string printableBytes(std::string_view text) {
   return result;
 }
 
+std::u32string printable(const std::string& bytes) {
+  std::string text = bytes;
+  std::replace(text.begin(), text.end(), '\0', ' ');  // would end it
+  return printable(Utils::stringToWstring(text.c_str()));
+}
+
 std::size_t columnsOf(char32_t codePoint) {
   if (inRanges(std::begin(invisible), std::end(invisible), codePoint)) return 0;
   return inRanges(std::begin(doubleWidth), std::end(doubleWidth), codePoint) ? 2 : 1;
@@ -145,6 +151,14 @@ std::size_t columnsOf(std::u32string_view text) {
 
 std::u32string decimal(std::size_t number) {
   return fromAscii(std::to_string(number));
+}
+
+std::u32string counted(std::size_t number, const std::u32string& noun) {
+  return decimal(number) + U' ' + noun + (number == 1 ? U"" : U"s");
+}
+
+std::string counted(std::size_t number, const std::string& noun) {
+  return encode(counted(number, fromAscii(noun)));
 }
 
 std::u32string lowerCase(std::u32string_view text) {

@@ -37,6 +37,13 @@ inline std::u32string printable(const Templates::WideString& text) {
   return printable(codePoints(text));
 }
 
+/// The printable code points of a text of bytes, as paths and messages are.
+std::u32string printable(const std::string& bytes);
+
+/// Such as "1 file" or "2 files".
+std::u32string counted(std::size_t number, const std::u32string& noun);
+std::string counted(std::size_t number, const std::string& noun);
+
 /// Columns that a code point takes in a terminal: 0 for combining and invisible ones, 2 for wide ones (Unicode Standard
 /// Annex 11), else 1.
 std::size_t columnsOf(char32_t codePoint);

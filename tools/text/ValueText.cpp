@@ -15,8 +15,7 @@ namespace MXF::Tessel::Tool {
 namespace {
 
 std::u32string quotedValue(const Templates::WideString& text) {
-  const std::string bytes = quoted(text);
-  return printable(Utils::stringToWstring(bytes.c_str()));
+  return printable(quoted(text));
 }
 
 std::u32string componentText(Types::RGBALayout::RGBAComponent component) {

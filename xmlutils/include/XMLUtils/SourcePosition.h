@@ -14,8 +14,8 @@ struct SourcePosition {
   std::uint32_t column = 0;  ///< From 1, in UTF-16 code units of the line.
 };
 
-/// Where the start tag of an element begins. An element that comes from an entity begins where the document refers to
-/// the entity. Known for elements that loadDocumentFromFile() has parsed, for others not.
+/// Where the start tag of an element begins. One that comes from an entity has no place of its own in the document; it
+/// counts as beginning directly behind the reference to the entity. Known for elements that loadDocumentFromFile() has parsed, for others not.
 TESSELMXF_XMLUTILS_API SourcePosition positionOf(const xercesc::DOMElement& element);
 
 }  // namespace MXF::Tessel::XMLUtils

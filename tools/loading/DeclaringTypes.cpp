@@ -1,0 +1,73 @@
+#include "loading/DeclaringTypes.h"
+
+#include "loading/SchemaDocument.h"
+
+#include <XMLUtils/SourcePosition.h>
+#include <XMLUtils/TextConversion.h>
+
+#include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMElement.hpp>
+
+#include <string>
+
+namespace MXF::Tessel::Tool {
+
+using Templates::WideString;
+using xercesc::DOMElement;
+
+namespace {
+
+std::pair<std::uint32_t, std::uint32_t> placeIn(const DOMElement& element) {
+  const XMLUtils::SourcePosition position = XMLUtils::positionOf(element);
+  return {position.line, position.column};
+}
+
+/// Namespace and local name of the type that an element names.
+std::pair<WideString, WideString> typeOf(const DOMElement& element) {
+  const std::u16string name = element.getAttribute(u"type");
+  const std::size_t colon = name.find(u':');
+  const bool hasPrefix = colon != std::u16string::npos;
+  const XMLCh* uri = element.lookupNamespaceURI(hasPrefix ? name.substr(0, colon).c_str() : nullptr);
+  return {uri == nullptr ? WideString() : XMLUtils::toWstring(uri),
+          XMLUtils::toWstring(hasPrefix ? name.c_str() + colon + 1 : name.c_str())};
+}
+
+template <class Key, class Value>
+std::optional<Value> valueOf(const std::map<Key, Value>& values, const Key& key) {
+  const auto found = values.find(key);
+  return found == values.end() ? std::nullopt : std::optional<Value>(found->second);
+}
+
+}  // namespace
+
+const DeclaringTypes::Schema& DeclaringTypes::schemaAt(const WideString& path) {
+  const auto [schema, isNew] = schemas_.try_emplace(path);
+  if (!isNew) return schema->second;
+  lookInto(path, [&found = schema->second](const xercesc::DOMDocument& document) {
+    const DOMElement& root = *document.getDocumentElement();
+    const WideString uri = XMLUtils::toWstring(root.getAttribute(u"targetNamespace"));
+    forEachChild(root, [&](const DOMElement& declaration) {
+      if (isNamed(declaration, u"element")) found.ofGroups.emplace(placeIn(declaration), typeOf(declaration));
+      if (!isNamed(declaration, u"complexType")) return;
+      const Name name{uri, XMLUtils::toWstring(declaration.getAttribute(u"name"))};
+      forEachWithin(declaration, [&](const DOMElement& inner) {
+        if (isNamed(inner, u"element") || isNamed(inner, u"attribute"))
+          found.ofProperties.emplace(placeIn(inner), name);
+      });
+    });
+  });
+  return schema->second;
+}
+
+std::optional<WideString> DeclaringTypes::extendedType(const MetaMetadata::MetaMetadataSet& set,
+                                                       const MetaMetadata::MetaAttribute& attribute) {
+  if (!set.origin().isKnown() || !attribute.origin().isKnown()) return std::nullopt;
+  const Utils::SourceLocation& group = set.origin();
+  const Utils::SourceLocation& property = attribute.origin();
+  const auto own = valueOf(schemaAt(group.path()).ofGroups, {group.line(), group.column()});
+  const auto declaring = valueOf(schemaAt(property.path()).ofProperties, {property.line(), property.column()});
+  if (!own || !declaring || *own == *declaring) return std::nullopt;
+  return declaring->second;
+}
+
+}  // namespace MXF::Tessel::Tool

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <MetaMetadata/MetaAttribute.h>
+#include <MetaMetadata/MetaMetadataSet.h>
+#include <Templates/Containers.h>
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <utility>
+
+namespace MXF::Tessel::Tool {
+
+/// Which complex types of the schemas declare the attributes of sets. A set holds those that its type inherits, too, and
+/// when the sets of its bases are not loaded nothing but the schema tells them from its own. Each schema is read when it
+/// is first needed, and once.
+class DeclaringTypes {
+ public:
+  /// The name of the complex type that declares an attribute of the set, when that is not the set's own type but one
+  /// that it extends; nothing when it is its own, or not known.
+  std::optional<Templates::WideString> extendedType(const MetaMetadata::MetaMetadataSet& set,
+                                                    const MetaMetadata::MetaAttribute& attribute);
+
+ private:
+  using Position = std::pair<std::uint32_t, std::uint32_t>;              // line and column
+  using Name = std::pair<Templates::WideString, Templates::WideString>;  // namespace and local name
+  struct Schema {
+    std::map<Position, Name> ofGroups;      ///< The types that elements at the top name.
+    std::map<Position, Name> ofProperties;  ///< The named types that declarations stand in.
+  };
+
+  const Schema& schemaAt(const Templates::WideString& path);
+
+  std::map<Templates::WideString, Schema> schemas_;
+};
+
+}  // namespace MXF::Tessel::Tool
