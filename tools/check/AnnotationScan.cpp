@@ -66,7 +66,7 @@ AnnotationsOfOne annotationsOfDeclaration(const DOMElement& declaration) {
   return all;
 }
 
-void findUnknown(const AnnotationsOfOne& all, const Context& context) {
+void noteUnknown(const AnnotationsOfOne& all, const Context& context) {
   for (const auto& [source, appinfo] : all) {
     if (std::find(context.known.begin(), context.known.end(), source) != context.known.end()) continue;
     for (const std::u16string_view base : {context.annotations.ofElements, context.annotations.ofGroups}) {
@@ -81,7 +81,7 @@ bool hasSource(const AnnotationsOfOne& all, std::u16string_view source) {
   return std::any_of(all.begin(), all.end(), [&](const Annotation& one) { return one.source == source; });
 }
 
-void findOtherFlavour(const DOMElement& declaration, const AnnotationsOfOne& all, const Context& context) {
+void noteOtherFlavour(const DOMElement& declaration, const AnnotationsOfOne& all, const Context& context) {
   const Annotations& other = otherAnnotations(context.annotations);
   std::string sources;
   for (const auto member : membersRead) {
@@ -95,7 +95,7 @@ void findOtherFlavour(const DOMElement& declaration, const AnnotationsOfOne& all
       {declarationPositionOf(declaration), XMLUtils::toWstring(declaration.getAttribute(naming)), sources});
 }
 
-void findRepeated(const AnnotationsOfOne& all, const Context& context) {
+void noteRepeated(const AnnotationsOfOne& all, const Context& context) {
   for (const auto member : membersRead) {
     const std::u16string_view source = context.annotations.*member;
     const auto isOfSource = [&](const Annotation& one) { return one.source == source; };
@@ -119,7 +119,7 @@ Templates::WideString firstText(const DOMElement& appinfo) {
 }
 
 /// An annotation without text is as none to the loader, so that one with text after it is read.
-void findValue(const DOMElement& declaration, const AnnotationsOfOne& all, const Context& context) {
+void noteValue(const DOMElement& declaration, const AnnotationsOfOne& all, const Context& context) {
   for (const auto& [source, appinfo] : all) {
     if (source != context.annotations.distinguishedValue) continue;
     DeclarationScan::WrittenValue& value = context.scan.values[declarationPositionOf(declaration)];
@@ -140,10 +140,10 @@ void scanAnnotations(const DOMElement& schema, const Annotations& annotations, D
     const AnnotationsOfOne all = annotationsOfDeclaration(declaration);
     if (all.empty()) return;
     for (const Annotation& one : all) ++scan.sources[narrowSource(one.source)];
-    findUnknown(all, context);
-    findOtherFlavour(declaration, all, context);
-    findRepeated(all, context);
-    findValue(declaration, all, context);
+    noteUnknown(all, context);
+    noteOtherFlavour(declaration, all, context);
+    noteRepeated(all, context);
+    noteValue(declaration, all, context);
   });
 }
 
