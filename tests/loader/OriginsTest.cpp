@@ -63,6 +63,7 @@ const FaultCase faultCases[] = {
      "", ""},
     {"the second of two labels",
      SchemaBuilder().add(element("A", 1, "t:Int32") + "\r\n" + marked(element("B", 1, "t:Int32"))).text(), "", ""},
+    {"the type of a collection's items", SchemaBuilder().add("\n" + marked(element("A", 1, "t:Array"))).text(), "", ""},
     {"a group's key", theOnlyElement, SchemaBuilder().add("\n\n\n" + marked(group("G", 1).note("G:Key", "x"))).text(),
      ""},
     {"a group's type", theOnlyElement, SchemaBuilder().add("text" + marked(group("G", 1))).text(), ""},
@@ -71,11 +72,25 @@ const FaultCase faultCases[] = {
          .add(group("G", 1) + complexType("GType", property("t:A") + "\n " + marked(property("t:None"))))
          .text(),
      ""},
+    {"a local tag", theOnlyElement,
+     SchemaBuilder().add(group("G", 1) + complexType("GType", marked(property("t:A").note("G:LocalTag", "1")))).text(),
+     ""},
+    {"a distinguished value", SchemaBuilder().add(element("A", 1, "t:UUID")).text(),
+     SchemaBuilder()
+         .add(group("G", 1) + complexType("GType", "\n" + marked(property("t:A").note("G:Value", "one"))))
+         .text(),
+     ""},
     {"a limit", theOnlyElement,
      SchemaBuilder()
          .add(group("G", 1) +
               complexType("GType", property("t:A") + marked(property("t:A").note(
                                                          "G:Value", "{" + std::string(1'000'000, ',') + "}"))))
+         .text(),
+     ""},
+    {"a type that is its own base", theOnlyElement,
+     SchemaBuilder()
+         .add(group("G", 1) + "\n" + marked(complexType("GType", property("t:A"), "t:HType")) +
+              complexType("HType", "", "t:GType"))
          .text(),
      ""},
     {"an attribute in an import", theOnlyElement, SchemaBuilder(importing).text(),

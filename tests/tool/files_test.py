@@ -158,7 +158,7 @@ class KindAndFlavour(ToolTest):
                 self.assertEqual(self.run_tool("dump", "--quiet", *arguments), (1, b"", error.encode()))
                 self.assertEqual((self.folder / "good").read_text(), "good")
                 status, output, errors = self.run_tool("dump", "--keep-going", *arguments)
-                self.assertIn(b"  wrong-file\n", output)
+                self.assertIn(b" [wrong-file]\n", output)
         same = self.run_tool("dump", "--keep-going", "--dictionary", "r/d.xsd", "--scheme", "r/s.xsd")[2].decode()
         self.assertEqual((same.count("[wrong-file]"), same.count("note: Add --multiplex")), (2, 1))
 

@@ -59,8 +59,10 @@ Chain walkToRoot(XSDLoaderImplData& data, DOMDocument& document, const WideStrin
     data.budget->takeTypeLookups(1);
     ChainLink link{name, &requireComplexType(data, *declaringDocument, name), {}};
     if (!met.insert(link.complexType).second) {
-      throw SchemeDataMissingException((L"Type " + name + L" is its own base type").c_str(), SourceNames::loaderImpl,
-                                       __LINE__);
+      workingOn(data, *link.complexType, [&] {
+        throw SchemeDataMissingException((L"Type " + name + L" is its own base type").c_str(), SourceNames::loaderImpl,
+                                         __LINE__);
+      });
     }
     link.baseName = known.baseNames.of(
         *link.complexType, nullptr, [&] { return evaluateString(*link.complexType, u"./*/*/@base", data.nsResolver); });
