@@ -123,8 +123,9 @@ std::u32string basesText(const DictionaryIndex& index, const MetaMetadataSet& se
   return text + (text.empty() ? U"" : U" < ") + notLoaded + U" (not loaded)";
 }
 
+/// The base that an attribute is from. Which bases are not loaded is told where they are listed.
 std::u32string sourceText(const AttributeSource& source) {
-  return source.missingType ? printable(*source.missingType) + U" (not loaded)" : nameText(*source.set);
+  return source.missingType ? printable(*source.missingType) : nameText(*source.set);
 }
 
 /// @param own  whether to list the set's own attributes or the inherited ones.
