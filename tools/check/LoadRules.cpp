@@ -23,7 +23,7 @@ Place placeOf(const LoadRecord& load) {
 
 /// The rest of a sentence about the file as a sentence of its own.
 std::string sentence(const std::string& start, const std::string& rest) {
-  return encode(printable(Utils::stringToWstring((start + rest).c_str()))) + ".";
+  return encode(printable(start + rest)) + ".";
 }
 
 /// The failure as a finding, with the other files that it was met with.
@@ -35,9 +35,9 @@ Finding describe(const std::vector<LoadRecord>& loads, std::size_t number) {
                                                             : load.explanation.meaning + ": \"" + encode(message) + '"';
   Finding finding(failure.place.isKnown() ? placeAt(failure.place) : placeOf(load),
                   text + " [" + failure.className + "]");
-  finding.remedy = encode(printable(Utils::stringToWstring(load.explanation.remedy.c_str())));
+  finding.remedy = encode(printable(load.explanation.remedy));
   for (const PlacedNote& note : load.explanation.related) {
-    finding.related.push_back({placeAt(note.place), encode(printable(Utils::stringToWstring(note.text.c_str())))});
+    finding.related.push_back({placeAt(note.place), encode(printable(note.text))});
   }
   if (finding.place.path != placeOf(load).path)
     finding.related.push_back({placeOf(load), "met while loading this file"});
@@ -55,18 +55,6 @@ std::string abstractGroupsWithKeys(const DeclarationScan& scan) {
     names += (names.empty() ? "" : ", ") + ('"' + encode(printable(declaration.name)) + '"');
   }
   return names;
-}
-
-std::string whyWithoutAbstractGroups(const Failure& failure, const Subject& subject) {
-  const Place place = placeAt(failure.place);
-  const auto& declarations = subject.scanOf(place.path).declarations;
-  const auto group = declarations.find({place.line, place.column});
-  if (group != declarations.end() && group->second.key.empty()) {
-    return "group \"" + encode(printable(group->second.name)) + "\" has no key of the " +
-           annotationsOf(subject.outcome().targetNamespace).flavour + " flavour";
-  }
-  return "they cannot be loaded: " + encode(withoutExtraBlanks(printable(messageWithoutPlace(failure)))) + " [" +
-         failure.className + "]";
 }
 
 /// What was probably meant by a source that is none which is read; empty when it comes near to none.
@@ -136,7 +124,7 @@ Findings findWrongFiles(const Subject& subject) {
   for (const LoadRecord& load : subject.outcome().loads) {
     if (!isWrongFile(load)) continue;
     findings.push_back({placeOf(load), encode(printable(L"The file " + load.failure->message)) + "."});
-    findings.back().remedy = encode(printable(Utils::stringToWstring(load.explanation.remedy.c_str())));
+    findings.back().remedy = encode(printable(load.explanation.remedy));
   }
   return findings;
 }
@@ -191,7 +179,7 @@ Findings findLeftOutAbstractGroups(const Subject& subject) {
     const Failure& failure = *load.withAbstractGroups;
     const Place place = failure.place.isKnown() ? placeAt(failure.place) : placeOf(load);
     const std::string leftOut = abstractGroupsWithKeys(subject.scanOf(placeOf(load).path));
-    const std::string why = whyWithoutAbstractGroups(failure, subject);
+    const std::string& why = load.whyGroupsAreLeftOut;
     const auto [finding, isNew] =
         known.emplace(withoutHere(shownPlace(failure.place, load.file.path)) + why, findings.size());
     if (isNew) {

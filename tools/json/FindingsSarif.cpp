@@ -55,7 +55,7 @@ Json resultJson(const Finding& finding) {
   Json result = {{"ruleId", finding.rule->id},
                  {"ruleIndex", finding.rule - allRules().data()},
                  {"level", severityName(finding.rule->severity)},
-                 {"message", messageJson(finding.message + ' ' + finding.remedy)},
+                 {"message", messageJson(finding.message + '\n' + finding.remedy)},
                  {"locations", Json::array({locationJson(finding.place)})}};
   Json related = Json::array();
   for (const RelatedPlace& other : finding.related) {
