@@ -10,6 +10,10 @@ std::u16string_view viewOf(const XMLCh* text) {
   return text == nullptr ? std::u16string_view{} : std::u16string_view{text};
 }
 
+std::size_t slotOf(std::u16string_view name) {
+  return name.empty() ? 0 : name.size() + std::size_t{5} * name.front() + std::size_t{11} * name.back();
+}
+
 }  // namespace
 
 bool DocumentBudget::ByLength::operator()(const NameView& a, const NameView& b) const {
@@ -27,8 +31,10 @@ const Limit* DocumentBudget::enterElement() {
 
 const Limit* DocumentBudget::useName(const XMLCh* prefix, const XMLCh* name) {
   const NameView used{viewOf(prefix), viewOf(name)};
-  if (names_.find(used) != names_.end()) return nullptr;
-  names_.emplace(used);
+  const Name*& recent = recentNames_[slotOf(used.second) % recentNames_.size()];
+  if (recent != nullptr && recent->second == used.second && recent->first == used.first) return nullptr;
+  const auto known = names_.find(used);
+  recent = known != names_.end() ? &*known : &*names_.emplace(used).first;
   return names_.size() > Limits::names.count ? &Limits::names : nullptr;
 }
 

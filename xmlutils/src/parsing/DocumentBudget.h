@@ -77,6 +77,7 @@ class DocumentBudget {
   std::size_t namespaceCharacters_ = 0;
   std::size_t identifiers_ = 0;
   std::set<Name, ByLength> names_;
+  std::array<const Name*, 64> recentNames_{};  ///< Of names_, by what tells most names of schemas apart.
   std::size_t declaredAttributes_ = 0;
   std::size_t defaultAttributes_ = 0;
   std::size_t defaultValues_ = 0;
