@@ -26,7 +26,7 @@ namespace MXF::Tessel::XMLUtils {
 ///         exceeds a limit ("PATH:LINE:COLUMN: Limit exceeded: more than ..."), with line and column also in the
 ///         exception.
 /// @throws Exceptions::IOError  the file can be opened but not be read (the path, then ": " and the system's reason), or
-///         is too large (the path, then ": Limit exceeded: more than 33554432 bytes in a file").
+///         is too large (the path, then ": Limit exceeded: more than 67108864 bytes in a file").
 TESSELMXF_XMLUTILS_API xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSParser& parser);
 
 }  // namespace MXF::Tessel::XMLUtils

@@ -13,7 +13,7 @@ using Utils::Limit;
 namespace Limits {
 
 /// The largest registry of the standard has 3 MB.
-constexpr Limit fileSize{std::size_t{32} << 20U, L"bytes in a file"};
+constexpr Limit fileSize{std::size_t{64} << 20U, L"bytes in a file"};
 
 /// That registry has 120,000. Each takes two to three hundred bytes, and so up to eighty for each byte of a file.
 constexpr Limit nodes{4'000'000, L"elements, attributes, texts and other nodes"};
