@@ -5,7 +5,6 @@
 #include "loading/SchemaDocument.h"
 #include "text/Similarity.h"
 
-#include <XMLUtils/SourcePosition.h>
 #include <XMLUtils/TextConversion.h>
 
 #include <algorithm>
@@ -128,11 +127,6 @@ void noteValue(const DOMElement& declaration, const AnnotationsOfOne& all, const
 }
 
 }  // namespace
-
-DeclarationPosition declarationPositionOf(const DOMElement& element) {
-  const XMLUtils::SourcePosition position = XMLUtils::positionOf(element);
-  return {position.line, position.column};
-}
 
 void scanAnnotations(const DOMElement& schema, const Annotations& annotations, DeclarationScan& scan) {
   const Context context = {annotations, annotations.sources(), scan};

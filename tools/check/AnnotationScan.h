@@ -9,6 +9,4 @@ namespace MXF::Tessel::Tool {
 /// Adds what there is to know of the annotations of all declarations of a document.
 void scanAnnotations(const xercesc::DOMElement& schema, const Annotations& annotations, DeclarationScan& scan);
 
-DeclarationPosition declarationPositionOf(const xercesc::DOMElement& element);
-
 }  // namespace MXF::Tessel::Tool

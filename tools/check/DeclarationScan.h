@@ -1,6 +1,7 @@
 #pragma once
 
 #include "loading/Annotations.h"
+#include "loading/SchemaDocument.h"
 
 #include <Templates/Containers.h>
 
@@ -14,9 +15,6 @@
 #include <vector>
 
 namespace MXF::Tessel::Tool {
-
-/// Line and column at which a declaration begins.
-using DeclarationPosition = std::pair<std::uint32_t, std::uint32_t>;
 
 /// Of the declarations of XML Schema.
 inline constexpr const char16_t* schemaNamespace = u"http://www.w3.org/2001/XMLSchema";

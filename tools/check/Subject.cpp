@@ -119,13 +119,4 @@ std::string quotedName(const MetaMetadata::PropertyMap& map) {
   return '"' + encode(nameText(map)) + '"';
 }
 
-template <class Identifier>
-std::string identifierText(const Identifier& identifier) {
-  return encode(printable(identifier.toString(Types::StringRepresentationEncodingType::DottedHex)));
-}
-
-template std::string identifierText(const Types::UniversalLabel& label);
-template std::string identifierText(const KLV::Key& key);
-template std::string identifierText(const Types::LocalTag& tag);
-
 }  // namespace MXF::Tessel::Tool

@@ -4,6 +4,7 @@
 #include "check/DeclarationScan.h"
 #include "check/Finding.h"
 #include "loading/SchemaLoading.h"
+#include "text/IdentifierForm.h"
 
 #include <map>
 #include <optional>
@@ -74,10 +75,6 @@ class Subject {
 
 /// The registry name in quotation marks.
 std::string quotedName(const MetaMetadata::PropertyMap& map);
-
-/// Text form of a label, key or local tag.
-template <class Identifier>
-std::string identifierText(const Identifier& identifier);
 
 /// Calls the action with each thing of which the key is that of one before it, and with the first such one.
 template <class Things, class KeyOf, class Action>

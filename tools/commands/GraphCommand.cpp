@@ -50,16 +50,12 @@ constexpr SubcommandHelp graphHelp = {
     "                     --dictionary dictionary.xsd --scheme groups.xsd\n"
     "      draws two steps around one set"};
 
-std::string keyOf(const DictionaryIndex::Set& set) {
-  return encode(printable(set.key().toString(textForm)));
-}
-
 /// The name of a set, with its key when others of these have the same name.
 std::string nameAmong(const std::vector<NearMiss>& all, const DictionaryIndex::Set& set) {
   const std::u32string name = nameText(set);
   const auto named =
       std::count_if(all.begin(), all.end(), [&](const NearMiss& miss) { return nameText(*miss.entry.set) == name; });
-  return encode(name) + (named > 1 ? " (" + keyOf(set) + ")" : "");
+  return encode(name) + (named > 1 ? " (" + identifierText(set.key()) + ")" : "");
 }
 
 /// "A", "A or B", or "A, B or C".
@@ -81,7 +77,7 @@ const DictionaryIndex::Set* findSet(const DictionaryIndex& index, const std::str
   if (found.matches.size() == 1) return found.matches.front().set;
   if (found.matches.size() > 1) {
     reportError(std::to_string(found.matches.size()) + " sets are called " + quoted + ": give the key of one, " +
-                alternatives(found.matches, [](const Entry& entry) { return keyOf(*entry.set); }));
+                alternatives(found.matches, [](const Entry& entry) { return identifierText(entry.set->key()); }));
     return nullptr;
   }
   std::string message = "no set is called " + quoted;

@@ -52,10 +52,6 @@ std::string label(const PropertyMap& map, const Replacement (&replacements)[coun
   return result + '"';
 }
 
-std::string keyText(const MetaMetadataSet& set) {
-  return encode(printable(set.key().toString(textForm)));
-}
-
 struct ReferenceKind {
   bool isWeak;
   bool isMany;
@@ -77,7 +73,7 @@ std::string dotEdge(const GraphEdge& edge) {
 }
 
 std::string mermaidIdentifier(const MetaMetadataSet& set) {
-  std::string key = keyText(set);
+  std::string key = identifierText(set.key());
   key.erase(std::remove(key.begin(), key.end(), '.'), key.end());
   return "set" + key;
 }
@@ -94,12 +90,12 @@ Json nameJson(const PropertyMap& map) {
 }
 
 Json nodeJson(const MetaMetadataSet& set) {
-  return {{"key", keyText(set)}, {"name", nameJson(set)}, {"abstract", isAbstract(set)}};
+  return {{"key", identifierText(set.key())}, {"name", nameJson(set)}, {"abstract", isAbstract(set)}};
 }
 
 Json edgeJson(const GraphEdge& edge) {
-  Json json = {{"from", keyText(*edge.from)},
-               {"to", keyText(*edge.to)},
+  Json json = {{"from", identifierText(edge.from->key())},
+               {"to", identifierText(edge.to->key())},
                {"kind", edge.element == nullptr ? "inheritance" : "reference"}};
   if (edge.element == nullptr) return json;
   const ReferenceKind kind = referenceKind(*edge.element);
@@ -115,11 +111,12 @@ Json edgeJson(const GraphEdge& edge) {
 std::string graphDot(const DictionaryGraph& graph) {
   std::string text = "digraph sets {\n  rankdir=LR\n  node [shape=box]\n";
   for (const MetaMetadataSet* set : graph.nodes) {
-    text += "  \"" + keyText(*set) + "\" [label=" + label(*set, dotReplacements) +
+    text += "  \"" + identifierText(set->key()) + "\" [label=" + label(*set, dotReplacements) +
             (isAbstract(*set) ? ", style=dashed" : "") + "]\n";
   }
   for (const GraphEdge& edge : graph.edges) {
-    text += "  \"" + keyText(*edge.from) + "\" -> \"" + keyText(*edge.to) + "\" [" + dotEdge(edge) + "]\n";
+    text += "  \"" + identifierText(edge.from->key()) + "\" -> \"" + identifierText(edge.to->key()) + "\" [" +
+            dotEdge(edge) + "]\n";
   }
   return text + "}\n";
 }

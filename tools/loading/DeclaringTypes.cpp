@@ -1,8 +1,5 @@
 #include "loading/DeclaringTypes.h"
 
-#include "loading/SchemaDocument.h"
-
-#include <XMLUtils/SourcePosition.h>
 #include <XMLUtils/TextConversion.h>
 
 #include <xercesc/dom/DOMDocument.hpp>
@@ -16,11 +13,6 @@ using Templates::WideString;
 using xercesc::DOMElement;
 
 namespace {
-
-std::pair<std::uint32_t, std::uint32_t> placeIn(const DOMElement& element) {
-  const XMLUtils::SourcePosition position = XMLUtils::positionOf(element);
-  return {position.line, position.column};
-}
 
 /// Namespace and local name of the type that an element names.
 std::pair<WideString, WideString> typeOf(const DOMElement& element) {
@@ -47,12 +39,13 @@ const DeclaringTypes::Schema& DeclaringTypes::schemaAt(const WideString& path) {
     const DOMElement& root = *document.getDocumentElement();
     const WideString uri = XMLUtils::toWstring(root.getAttribute(u"targetNamespace"));
     forEachChild(root, [&](const DOMElement& declaration) {
-      if (isNamed(declaration, u"element")) found.ofGroups.emplace(placeIn(declaration), typeOf(declaration));
+      if (isNamed(declaration, u"element"))
+        found.ofGroups.emplace(declarationPositionOf(declaration), typeOf(declaration));
       if (!isNamed(declaration, u"complexType")) return;
       const Name name{uri, XMLUtils::toWstring(declaration.getAttribute(u"name"))};
       forEachWithin(declaration, [&](const DOMElement& inner) {
         if (isNamed(inner, u"element") || isNamed(inner, u"attribute"))
-          found.ofProperties.emplace(placeIn(inner), name);
+          found.ofProperties.emplace(declarationPositionOf(inner), name);
       });
     });
   });

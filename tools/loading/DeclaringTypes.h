@@ -1,10 +1,11 @@
 #pragma once
 
+#include "loading/SchemaDocument.h"
+
 #include <MetaMetadata/MetaAttribute.h>
 #include <MetaMetadata/MetaMetadataSet.h>
 #include <Templates/Containers.h>
 
-#include <cstdint>
 #include <map>
 #include <optional>
 #include <utility>
@@ -22,11 +23,10 @@ class DeclaringTypes {
                                                     const MetaMetadata::MetaAttribute& attribute);
 
  private:
-  using Position = std::pair<std::uint32_t, std::uint32_t>;              // line and column
   using Name = std::pair<Templates::WideString, Templates::WideString>;  // namespace and local name
   struct Schema {
-    std::map<Position, Name> ofGroups;      ///< The types that elements at the top name.
-    std::map<Position, Name> ofProperties;  ///< The named types that declarations stand in.
+    std::map<DeclarationPosition, Name> ofGroups;      ///< The types that elements at the top name.
+    std::map<DeclarationPosition, Name> ofProperties;  ///< The named types that declarations stand in.
   };
 
   const Schema& schemaAt(const Templates::WideString& path);

@@ -25,11 +25,15 @@ void lookInto(const Templates::WideString& path, const std::function<void(const 
   }));
 }
 
+DeclarationPosition declarationPositionOf(const DOMElement& element) {
+  const XMLUtils::SourcePosition position = XMLUtils::positionOf(element);
+  return {position.line, position.column};
+}
+
 const DOMElement* elementAt(const xercesc::DOMDocument& document, std::uint32_t line, std::uint32_t column) {
   const DOMElement* found = nullptr;
   const auto look = [&](const DOMElement& element) {
-    const XMLUtils::SourcePosition position = XMLUtils::positionOf(element);
-    if (found == nullptr && position.line == line && position.column == column) found = &element;
+    if (found == nullptr && declarationPositionOf(element) == DeclarationPosition(line, column)) found = &element;
   };
   look(*document.getDocumentElement());
   forEachWithin(*document.getDocumentElement(), look);

@@ -9,12 +9,17 @@
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace MXF::Tessel::Tool {
 
 /// Looks at a document as the loader does. Does nothing when it cannot be read or is not well-formed: a failure is the
 /// loader's to tell, and here only means that there is nothing to see.
 void lookInto(const Templates::WideString& path, const std::function<void(const xercesc::DOMDocument&)>& action);
+
+/// Line and column at which a declaration begins.
+using DeclarationPosition = std::pair<std::uint32_t, std::uint32_t>;
+DeclarationPosition declarationPositionOf(const xercesc::DOMElement& element);
 
 /// The element whose start tag begins there, or null.
 const xercesc::DOMElement* elementAt(const xercesc::DOMDocument& document, std::uint32_t line, std::uint32_t column);
