@@ -8,6 +8,16 @@ import urllib.request
 DRIVER = "/usr/bin/chromedriver"
 BROWSER = "/usr/bin/chromium"
 ELEMENT = "element-6066-11e4-a52e-4f735466cecf"  # the protocol's name of a reference to an element
+# Entries get their height when they come into view, which moves what is below them away from under the mouse.
+SHOW = """
+    const node = document.querySelector(arguments[0]);
+    const frame = () => new Promise((resolve) => requestAnimationFrame(() => requestAnimationFrame(resolve)));
+    return (async () => {
+      for (let top = NaN; top !== node.getBoundingClientRect().top; await frame()) {
+        node.scrollIntoView({ block: "center" });
+        top = node.getBoundingClientRect().top;
+      }
+    })();"""
 KEYS = {"Enter": "\ue007", "Escape": "\ue00c", "Down": "\ue015", "Up": "\ue013", "Tab": "\ue004"}
 ARGUMENTS = ["--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run", "--disable-sync",
              "--disable-background-networking", "--disable-component-update", "--disable-dev-shm-usage"]
@@ -69,6 +79,7 @@ class Browser:
         return self._send("POST", "/execute/sync", {"script": script, "args": arguments})
 
     def click(self, selector):
+        self.run(SHOW, selector)
         found = self._send("POST", "/element", {"using": "css selector", "value": selector})
         self._send("POST", f"/element/{found[ELEMENT]}/click", {})
 
