@@ -200,6 +200,34 @@ class Check(ToolTest):
         self.assertEqual([finding["place"] for finding in self.findings("d.xsd", "s.xsd")
                           if finding["rule"] == "untargeted-reference"], [self.place("d.xsd", '<xs:element name="No"')])
 
+    def test_declarations_that_are_not_found(self):
+        """What stands beside a line in these files is what check says of it there."""
+        lines = {"d.xsd": [
+            ('<xs:include schemaLocation="./lost.xsd"/>', "The xs:include of lost.xsd is not followed."),
+            ('<xs:include schemaLocation="./s.xsd"/>', None),
+            (element(1, "A"), None), (element(2, "B"), None),
+            (element(3, "C").replace("Dictionary:ElementUL", "Other:Label"),
+             '"C" has the annotation ElementName, but no ElementUL, and is not read.'),
+            (element(4, "D").replace("SMPTE:MXF:XMLInterface:Dictionary:ElementUL", "Smpte:MXF:XMLInterface:Dictionary:ElementUL"),
+             'The annotation "urn:Smpte:MXF:XMLInterface:Dictionary:ElementUL" is none that is read.'),
+            (element(5, "E", Groups_LocalTag="80.01"), "LocalTag is read at references in types of groups only."),
+            (f'<xs:complexType name="T"><xs:sequence>{element(6, "F")}</xs:sequence></xs:complexType>',
+             "ElementUL is read at declarations of the top level only."),
+        ], "s.xsd": [
+            (group(1, "G", attribute("A"), '<xs:group ref="g:More"/>'), "The elements of an xs:group are no attributes of the set."),
+            ('<xs:complexType name="GType"/>', 'Type "GType" is declared twice.'),
+            (group(2, "H").replace("Groups:Key", "Other:Key"), '"H" has the annotation Name, but no Key, and is not read.'),
+            (group(3, "I", attribute("B", tag_text="")), "The local tag has no text, and is as none."),
+            (group(4, "J").replace("Groups:Key", "Other:Key").replace("name=", 'abstract="true" name=', 1), None),
+        ]}
+        for name, make in (("d.xsd", dictionary), ("s.xsd", scheme)):
+            self.write(name, make("\n", *(line + "\n" for line, _ in lines[name])))
+        rules = ("incomplete-declaration", "not-read", "unknown-annotation")
+        found = self.findings("d.xsd", "s.xsd", options=[part for rule in rules for part in ("--rule", rule)])
+        self.assertEqual(sorted((finding["place"]["path"], finding["place"]["line"], finding["message"]) for finding in found),
+                         [(name, line, message) for name, told in lines.items()
+                          for line, (_, message) in enumerate(told, 2) if message])
+
     def test_abstract_groups_without_keys_are_told_once(self):
         abstract = 'abstract="true" name="'
         self.write("d.xsd", dictionary(element(1, "A")))
@@ -254,7 +282,7 @@ class Check(ToolTest):
         self.assertIn(f'Did you mean "{urn}"?', remedies["no-declarations"])
         self.assertNotIn("Give the schemas", remedies["empty-dictionary"])
 
-    def test_identifiers_that_can_be_none(self):
+    def test_identifiers_that_cannot_be(self):
         self.write("d.xsd", dictionary(element(1, "A")))
         self.write("s.xsd", scheme(group(1, "G", attribute("A", tag_text="00.00")).replace(key(1), label(1)),
                                    group(2, "H", attribute("A", tag_text="80.01")).replace(key(2), ".".join(["00"] * 16))))

@@ -36,6 +36,19 @@ std::string describedNamespace(const Templates::WideString& uri) {
   return uri.empty() ? "no namespace" : "namespace " + encode(printable(uri));
 }
 
+/// Schemas that are included, but neither followed nor given.
+void addInclusions(const Subject& subject, const Templates::WideString& path, Findings& findings) {
+  const auto& given = subject.schemas();
+  for (const DeclarationScan::Inclusion& inclusion : subject.scanOf(path).inclusions) {
+    const Templates::WideString included = Subject::importedPath(path, inclusion.location);
+    if (std::find(given.begin(), given.end(), included) != given.end()) continue;
+    findings.push_back({placeIn(path, inclusion.position), "The xs:" + encode(printable(inclusion.name)) + " of " +
+                                                               encode(printable(included)) + " is not followed."});
+    findings.back().remedy =
+        "Give that file, too, with --dictionary or --scheme; types that others extend have to be imported.";
+  }
+}
+
 template <class Holder>
 bool isWithoutSets(const DictionaryIndex::Element& element) {
   MetaMetadata::Visitors::GetMetaElementVisitor<Holder> holder;
@@ -95,6 +108,32 @@ Findings findRepeatedAnnotations(const Subject& subject) {
                           "The annotation \"" + repeated.source + "\" stands twice; only the first one is read.",
                           {{placeIn(path, repeated.first), "this one is read"}}});
     }
+  }
+  return findings;
+}
+
+Findings findUnmarkedDeclarations(const Subject& subject) {
+  Findings findings;
+  for (const Templates::WideString& path : subject.schemas()) {
+    for (const DeclarationScan::UnmarkedDeclaration& unmarked : subject.scanOf(path).unmarkedDeclarations) {
+      const std::string name = '"' + encode(printable(unmarked.name)) + '"';
+      findings.push_back({placeIn(path, unmarked.position), name + " has the annotation " + unmarked.present +
+                                                                ", but no " + unmarked.missing + ", and is not read."});
+      findings.back().remedy = "Annotate it with " + unmarked.missing + ", too.";
+    }
+  }
+  return findings;
+}
+
+Findings findUnread(const Subject& subject) {
+  Findings findings;
+  for (const Templates::WideString& path : subject.schemas()) {
+    for (const DeclarationScan::Unread& unread : subject.scanOf(path).unread) {
+      findings.push_back({placeIn(path, unread.position), unread.message});
+      if (unread.first) findings.back().related.push_back({placeIn(path, *unread.first), "this one is read"});
+      findings.back().remedy = unread.remedy;
+    }
+    addInclusions(subject, path, findings);
   }
   return findings;
 }

@@ -29,11 +29,14 @@ DeclarationScan::PlainReference plainReference(const DOMElement& reference, cons
           XMLUtils::toWstring(name.substr(hasPrefix ? colon + 1 : 0).c_str())};
 }
 
-/// Adds the references without a status. Types that are no group's and have none at all are not for the loader.
+/// Adds the references without a status, and what is no reference but would be one to other readers. Types that are no
+/// group's and have no status at all are not for the loader.
 void scanType(const DOMElement& type, bool isOfGroup, const Annotations& annotations, DeclarationScan& scan) {
   const Annotations& other = otherAnnotations(annotations);
   std::vector<DeclarationScan::PlainReference> found;
+  std::vector<DeclarationPosition> modelGroups;
   forEachWithin(type, [&](const DOMElement& inner) {
+    if (isNamed(inner, u"group") && inner.hasAttribute(u"ref")) modelGroups.push_back(declarationPositionOf(inner));
     if (!isReference(inner)) return;
     if (annotationOf(inner, annotations.requiredStatus)) {
       isOfGroup = true;
@@ -43,6 +46,12 @@ void scanType(const DOMElement& type, bool isOfGroup, const Annotations& annotat
   });
   if (!isOfGroup) return;
   for (const DeclarationScan::PlainReference& reference : found) scan.plainReferences.push_back(reference);
+  for (const DeclarationPosition& position : modelGroups) {
+    scan.unread.push_back({position,
+                           "The elements of an xs:group are no attributes of the set.",
+                           "Refer to each element in the type of the group itself.",
+                           {}});
+  }
 }
 
 void scanImport(const DOMElement& import, DeclarationScan& scan) {
@@ -67,6 +76,30 @@ std::set<std::u16string> scanTopLevel(const DOMElement& schema, const Annotation
     typesOfGroups.insert(type.substr(type.find(u':') + 1));  // all of it when there is no colon
   });
   return typesOfGroups;
+}
+
+/// The loader takes the first one of a name.
+void scanRepeatedTypes(const DOMElement& schema, DeclarationScan& scan) {
+  std::map<std::u16string, DeclarationPosition> firsts;
+  forEachChild(schema, [&](const DOMElement& declaration) {
+    if (!isNamed(declaration, u"complexType") && !isNamed(declaration, u"simpleType")) return;
+    const std::u16string name = declaration.getAttribute(u"name");
+    const auto [first, isNew] = firsts.emplace(name, declarationPositionOf(declaration));
+    if (isNew) return;
+    scan.unread.push_back({declarationPositionOf(declaration),
+                           "Type \"" + encode(printable(XMLUtils::toWstring(name.c_str()))) + "\" is declared twice.",
+                           "Keep one of the two; only the first one is read.", first->second});
+  });
+}
+
+void scanInclusions(const DOMElement& schema, DeclarationScan& scan) {
+  forEachChild(schema, [&](const DOMElement& declaration) {
+    for (const char16_t* name : {u"include", u"redefine", u"override"}) {
+      if (!isNamed(declaration, name)) continue;
+      scan.inclusions.push_back({declarationPositionOf(declaration), XMLUtils::toWstring(name),
+                                 XMLUtils::toWstring(declaration.getAttribute(u"schemaLocation"))});
+    }
+  });
 }
 
 bool namesSets(const DOMElement& choice) {
@@ -110,6 +143,8 @@ void scanSchema(const DOMElement& schema, const Annotations& annotations, Declar
   scanRoot(schema, scan);
   scanAnnotations(schema, annotations, scan);
   forEachWithin(schema, [&](const DOMElement& element) { scanPrefixes(element, scan); });
+  scanInclusions(schema, scan);
+  scanRepeatedTypes(schema, scan);
   const std::set<std::u16string> ofGroups = scanTopLevel(schema, annotations, scan);
   forEachChild(schema, [&](const DOMElement& declaration) {
     if (isNamed(declaration, u"element")) return scanElement(declaration, scan);

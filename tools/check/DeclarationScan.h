@@ -38,6 +38,20 @@ struct DeclarationScan {
     DeclarationPosition first;
     std::string source;
   };
+  /// A declaration with annotations of an element or group, but not with the one by which the loader finds it.
+  struct UnmarkedDeclaration {
+    DeclarationPosition position;
+    Templates::WideString name;
+    std::string present;  ///< Last part of the source of an annotation that it has.
+    std::string missing;  ///< The same of the one that it needs.
+  };
+  /// Something that stands where the loader does not look.
+  struct Unread {
+    DeclarationPosition position;
+    std::string message;                       ///< A sentence.
+    std::string remedy;                        ///< A sentence.
+    std::optional<DeclarationPosition> first;  ///< What is read instead.
+  };
   /// A declaration with annotations of the other flavour that it has not in the flavour in use.
   struct OtherFlavour {
     DeclarationPosition position;
@@ -68,6 +82,12 @@ struct DeclarationScan {
     Templates::WideString namespaceUri;
     Templates::WideString location;
   };
+  /// An xs:include, xs:redefine or xs:override.
+  struct Inclusion {
+    DeclarationPosition position;
+    Templates::WideString name;  ///< Without the prefix.
+    Templates::WideString location;
+  };
   // NOLINTNEXTLINE(bugprone-exception-escape): texts with allocators that are equal are moved without a copy.
   struct WrittenValue {
     Templates::WideString read;   ///< The first text, which is all that the loader reads; empty when there is none.
@@ -85,6 +105,9 @@ struct DeclarationScan {
   std::vector<UnboundPrefix> unboundPrefixes;
   std::vector<UnknownAnnotation> unknownAnnotations;    ///< Of the flavour in use.
   std::vector<RepeatedAnnotation> repeatedAnnotations;  ///< Of the flavour in use.
+  std::vector<UnmarkedDeclaration> unmarkedDeclarations;
+  std::vector<Unread> unread;
+  std::vector<Inclusion> inclusions;
   std::vector<OtherFlavour> otherFlavour;
   /// References in complex types that have no required status, in neither flavour.
   std::vector<PlainReference> plainReferences;

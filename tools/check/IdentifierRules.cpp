@@ -4,6 +4,7 @@
 #include "text/IdentifierForm.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 #include <string>
@@ -56,15 +57,34 @@ void addOtherVersions(const Things& things, const std::string& noun, const Ident
 }
 
 template <class Bytes>
-bool areZero(const Bytes& bytes) {
-  return std::all_of(bytes.begin(), bytes.end(), [](unsigned char byte) { return byte == 0; });
+bool areAll(const Bytes& bytes, unsigned char value) {
+  return std::all_of(bytes.begin(), bytes.end(), [value](unsigned char byte) { return byte == value; });
 }
 
 template <class Things, class IdentifierOf>
-void addZeros(const Things& things, const std::string& noun, const IdentifierOf& identifierOf, Findings& findings) {
+void addUniform(const Things& things, const std::string& noun, const IdentifierOf& identifierOf, Findings& findings) {
   for (const auto* thing : things) {
-    if (!areZero(identifierOf(*thing).bytes())) continue;
-    findings.push_back({placeAt(thing->origin()), "The " + noun + " of " + quotedName(*thing) + " is all zeros."});
+    const auto& bytes = identifierOf(*thing).bytes();
+    if (!areAll(bytes, bytes[0]) || (bytes[0] != 0 && bytes[0] != 0xFF)) continue;
+    findings.push_back({placeAt(thing->origin()), "The " + noun + " of " + quotedName(*thing) + " is all " +
+                                                      (bytes[0] == 0 ? "zeros." : "ones.")});
+  }
+}
+
+/// Those that do not begin as universal labels of a category do.
+template <class Things, class IdentifierOf>
+void addOtherKinds(const Things& things, const std::string& noun, unsigned char category,
+                   const IdentifierOf& identifierOf, Findings& findings) {
+  constexpr unsigned char smpte[] = {0x06, 0x0E, 0x2B, 0x34};
+  constexpr unsigned char firstOfUuids = 0x80;  // a UUID stands in for a label with its halves exchanged
+  for (const auto* thing : things) {
+    const auto& bytes = identifierOf(*thing).bytes();
+    const bool isSmpte = std::equal(std::begin(smpte), std::end(smpte), bytes.begin());
+    const bool fits = isSmpte ? bytes[std::size(smpte)] == category : bytes[0] >= firstOfUuids || areAll(bytes, 0);
+    if (fits) continue;
+    findings.push_back({placeAt(thing->origin()), "The " + noun + " of " + quotedName(*thing) +
+                                                      " begins as none does: " + identifierText(identifierOf(*thing)) +
+                                                      "."});
   }
 }
 
@@ -88,12 +108,24 @@ void addKeysOfElements(const Subject& subject, Findings& findings) {
 
 }  // namespace
 
+Findings findIdentifiersOfOtherKinds(const Subject& subject) {
+  constexpr unsigned char dictionaryItem = 0x01;
+  constexpr unsigned char group = 0x02;
+  Findings findings;
+  addOtherKinds(
+      subject.elements(), "label", dictionaryItem,
+      [](const auto& element) -> const auto& { return element.universalLabel(); }, findings);
+  addOtherKinds(
+      subject.sets(), "key", group, [](const auto& set) -> const auto& { return set.key(); }, findings);
+  return findings;
+}
+
 Findings findImpossibleIdentifiers(const Subject& subject) {
   Findings findings;
-  addZeros(
+  addUniform(
       subject.elements(), "label", [](const auto& element) -> const auto& { return element.universalLabel(); },
       findings);
-  addZeros(
+  addUniform(
       subject.sets(), "key", [](const auto& set) -> const auto& { return set.key(); }, findings);
   addKeysOfElements(subject, findings);
   const Types::LocalTag none(L"00.00", textForm);

@@ -23,6 +23,7 @@ Findings findRepeatedNames(const Subject& subject);
 Findings findSharedLocalTags(const Subject& subject);
 Findings findElementsOfManyTags(const Subject& subject);
 Findings findImpossibleIdentifiers(const Subject& subject);
+Findings findIdentifiersOfOtherKinds(const Subject& subject);
 Findings findLabelsOfOtherVersions(const Subject& subject);
 
 // ReferenceRules.cpp
@@ -35,6 +36,8 @@ Findings findUntargetedReferences(const Subject& subject);
 Findings findUnknownAnnotations(const Subject& subject);
 Findings findOtherFlavour(const Subject& subject);
 Findings findRepeatedAnnotations(const Subject& subject);
+Findings findUnmarkedDeclarations(const Subject& subject);
+Findings findUnread(const Subject& subject);
 Findings findUnboundPrefixes(const Subject& subject);
 Findings findWrongImports(const Subject& subject);
 Findings findReferencesWithoutStatus(const Subject& subject);

@@ -15,6 +15,7 @@
 
 #include <MetaMetadata/PropertyKeys.h>
 
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -151,16 +152,20 @@ void appendAttributes(std::string& page, const DictionaryIndex& index, const Met
 }
 
 void appendReferences(std::string& page, const DictionaryIndex& index, const MetaMetadataSet& set) {
-  TextTable table({{U"Element", true}, {U"Type", true}, {U"In sets", true}, {U"As", true}});
-  std::size_t count = 0;
+  std::vector<std::pair<const MetaElement*, DictionaryIndex::Sets>> targetsOfElements;
+  std::map<const MetaElement*, std::size_t> positions;
   for (const MetaMetadataSet* target : index.withBasesOf(set)) {
     for (const MetaElement* element : index.referencesTo(*target)) {
-      table.addRow(
-          {nameText(*element), dataTypeText(*element), setNames(holdersOf(index, *element)), titleOf(*target)});
-      ++count;
+      const auto [position, isNew] = positions.emplace(element, targetsOfElements.size());
+      if (isNew) targetsOfElements.push_back({element, {}});
+      targetsOfElements[position->second].second.push_back(target);
     }
   }
-  appendHeading(page, U"Referenced by elements", count);
+  TextTable table({{U"Element", true}, {U"Type", true}, {U"In sets", true}, {U"As", true}});
+  for (const auto& [element, targets] : targetsOfElements) {
+    table.addRow({nameText(*element), dataTypeText(*element), setNames(holdersOf(index, *element)), setNames(targets)});
+  }
+  appendHeading(page, U"Referenced by elements", targetsOfElements.size());
   table.appendTo(page);
 }
 
