@@ -73,6 +73,11 @@ TEST(Entities, OfTheDocumentTypeDoNotNest) {
   expectOutcome("often", Load::Dictionary, schemaDeclaring(blanks + times(250, "%e;")), elementA);
   expectOutcome("once more", Load::Dictionary, schemaDeclaring(blanks + times(251, "%e;")),
                 limitExceeded("1:4789", "1000000 characters between the declarations of a document type"));
+  expectOutcome("comments of no text", Load::Dictionary,
+                schemaDeclaring(entity("% e", times(500, "<!---->")) + times(1'000, "%e;")),
+                limitExceeded("1:4396", "1000000 characters between the declarations of a document type"));
+  expectOutcome("empty ones", Load::Dictionary, schemaDeclaring(entity("% e", "") + times(100'000, "%e;")),
+                limitExceeded("1:49153", "11000 references to parameter entities"));
   expectOutcome("300,000 times", Load::Dictionary, schemaDeclaring(blanks + times(300'000, "%e;")),
                 limitExceeded("1:4789", "1000000 characters between the declarations of a document type"));
 }
@@ -85,17 +90,20 @@ TEST(DocumentTypes, AreLimitedInSizeAndDeclarations) {
     const char* what;
     const char* before;
     const char* after;
+    std::size_t atLimit;
     const char* place;
   } kinds[] = {
-      {"elements", "<!ELEMENT b", " ANY>", "1:18932"},
-      {"attributes", "<!ATTLIST b a", " CDATA #IMPLIED>", "1:31944"},
-      {"entities", "<!ENTITY e", " 'x'>", "1:17931"},
-      {"notations", "<!NOTATION n", " SYSTEM 'x'>", "1:26939"},
+      {"elements", "<!ELEMENT b", " ANY>", 1'000, "1:18932"},
+      {"attributes and their lists", "<!ATTLIST b a", " CDATA #IMPLIED>", 500, "1:15943"},
+      {"empty lists", "<!ATTLIST b", ">", 1'000, "1:14928"},
+      {"entities", "<!ENTITY e", " 'x'>", 1'000, "1:17931"},
+      {"notations", "<!NOTATION n", " SYSTEM 'x'>", 1'000, "1:26939"},
   };
   const std::string limit = "1000 declarations in a document type";
-  for (const auto& [what, before, after, place] : kinds) {
-    expectOutcome(what, Load::Dictionary, schemaDeclaring(declared(1'000, before, after)), elementA);
-    expectOutcome(what, Load::Dictionary, schemaDeclaring(declared(1'001, before, after)), limitExceeded(place, limit));
+  for (const auto& [what, before, after, atLimit, place] : kinds) {
+    expectOutcome(what, Load::Dictionary, schemaDeclaring(declared(atLimit, before, after)), elementA);
+    expectOutcome(what, Load::Dictionary, schemaDeclaring(declared(atLimit + 1, before, after)),
+                  limitExceeded(place, limit));
     expectOutcome(what, Load::Dictionary, schemaDeclaring(declared(100'000, before, after)),
                   limitExceeded(place, limit));
   }
@@ -125,11 +133,11 @@ TEST(DocumentTypes, AreLimitedInWhatTheirAttributesAdd) {
   const auto lists = [](std::size_t count, const char* type) {
     return repeated(count, [&](std::size_t i) { return numbered("<!ATTLIST b a", i) + type; });
   };
-  const std::string noDefaults = lists(1'000, " CDATA #IMPLIED>");
+  const std::string noDefaults = lists(500, " CDATA #IMPLIED>");
   expectOutcome("compared at the limit", Load::Dictionary,
-                schemaDeclaring(noDefaults, "A name", times(100'000, "<b/>")), elementA);
-  expectOutcome("one more", Load::Dictionary, schemaDeclaring(noDefaults, "A name", times(100'001, "<b/>")),
-                limitExceeded("1:432310", "100000000 comparisons with declared attributes"));
+                schemaDeclaring(noDefaults, "A name", times(200'000, "<b/>")), elementA);
+  expectOutcome("one more", Load::Dictionary, schemaDeclaring(noDefaults, "A name", times(200'001, "<b/>")),
+                limitExceeded("1:816310", "100000000 comparisons with declared attributes"));
 
   // After each list the parser makes all so far: the sum of 1 to 446 is 99,681.
   const std::string limit = "100000 attributes with default values";

@@ -114,6 +114,60 @@ TEST(Imports, AreLimitedInTheirBytes) {
   }
 }
 
+TEST(Imports, ShareTheLimitsOfOneDocument) {
+  const std::string attributes = repeated(998, [](std::size_t i) { return numbered(" a", i) + " CDATA #IMPLIED"; });
+  const struct {
+    std::string declaration;
+    std::string content;
+    const char* place;
+    const char* limit;
+  } kinds[] = {
+      {"<!ENTITY e '" + times(400, "<a/>x") + "'>", times(2'000, "&e;"), "F/other.xsd:1:5373",
+       "4000000 elements, attributes, texts and other nodes"},
+      {"<!ENTITY e '" + std::string(4'096, 'x') + "'>", times(6'000, "&e;"), "F/other.xsd:1:5090",
+       "50000000 characters in documents with entities"},
+      {"<!ENTITY e '" + std::string(4'096, 'x') + "'>", "<a b='" + times(6'000, "&e;") + "'/>", "F/other.xsd:1:22478",
+       "50000000 characters in documents with entities"},
+      {"<!ATTLIST b" + attributes + ">", times(40'000, "<b/>"), "F/./other.xsd:1:69",
+       "1000 declarations in a document type"},
+      {"<!ATTLIST b a CDATA ''>", times(40'000, "<b/>"), "F/other.xsd:1:80374",
+       "100000 attributes with default values"},
+      {"<!ENTITY % e '" + std::string(3'998, ' ') + "'>" + times(120, "%e;"), "", "F/other.xsd:1:4069",
+       "1000000 characters between the declarations of a document type"},
+  };
+  for (const auto& [declaration, content, place, limit] : kinds) {
+    HostileFiles files;
+    files.write(
+        "other.xsd",
+        SchemaBuilder(baseDocument("Other")).prolog("<!DOCTYPE xs:schema [" + declaration + "]>").add(content).text());
+    const auto outcome = [&](std::size_t count) {
+      files.write("hostile.xsd", schemeWith(repeated(count, [](std::size_t i) {
+                                   return import("urn:b", times(i, "./") + "other.xsd");
+                                 })).text());
+      return files.outcome(Load::Scheme, "hostile.xsd");
+    };
+    EXPECT_EQ(outcome(1), noBase) << limit;
+    EXPECT_EQ(outcome(3), std::string("SAXParseException: ") + place + ": Limit exceeded: more than " + limit);
+  }
+
+  // The parser keeps all namespaces, and may compare each with all that it has met.
+  HostileFiles files;
+  const auto outcome = [&](std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::string uri = numbered(std::string(4'090, 'n'), i);
+      files.write(numbered("", i) + ".xsd", baseDocument("Other").set("xmlns:n", uri).text());
+    }
+    const auto imported = [](std::size_t i) { return import("urn:b", numbered("", i) + ".xsd"); };
+    files.write("hostile.xsd", schemeWith(repeated(count, imported)).text());
+    return files.outcome(Load::Scheme, "hostile.xsd");
+  };
+  EXPECT_EQ(outcome(2'100), noBase);
+  EXPECT_EQ(
+      outcome(2'300),
+      "SAXParseException: F/900.xsd:1:4200: Limit exceeded: more than 10000000000 characters of namespace names that "
+      "are compared");
+}
+
 /// Document i of a chain or circle: its type T<i> extends that of the next document.
 SchemaBuilder linkOf(std::size_t i, std::size_t next, bool isLast) {
   const std::string uri = numbered("urn:", next);

@@ -128,12 +128,13 @@ class ParserSettings {
 
 }  // namespace
 
-xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSParser& parser) try {
+xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSParser& parser, Counting counting) try {
   const std::optional<FileContent> content = readFile(path);
   if (!content) return nullptr;
 
   FirstError errors;
   auto* own = dynamic_cast<Parser*>(&parser);
+  if (own != nullptr) own->setCounting(counting);
   const ParserSettings settings(parser, own == nullptr ? *xercesc::XMLPlatformUtils::fgMemoryManager : own->memory,
                                 errors);
   const UnicodeString systemId(path);

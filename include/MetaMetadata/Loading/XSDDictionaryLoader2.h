@@ -106,7 +106,8 @@ class TESSELMXF_LOADER_API XSDDictionaryLoader2 {
   /// tags. No set is added unless all of them could be built; references that were resolved stay resolved.
   ///
   /// @param path        the schema document. Schemas that it imports are read when a base type has to be looked for
-  ///                    there; their locations are relative to the directory of this path.
+  ///                    there; their locations are relative to the directory of this path. Imports that this loader has
+  ///                    read before, also for loads that failed, are asked for the type first.
   /// @param dictionary  holds the elements that the groups refer to, and takes the sets and local tags.
   /// @throws Exceptions::IOError  as of loadMultiplex(), with the path as given, or that of an import.
   /// @throws Exceptions::ParseError  the document itself is not well-formed. Any other failure of the XML libraries

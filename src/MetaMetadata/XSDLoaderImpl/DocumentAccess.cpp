@@ -6,7 +6,6 @@
 
 #include <Exceptions/Exceptions.h>
 #include <Utils/TextConversion.h>
-#include <XMLUtils/DocumentLoading.h>
 #include <XMLUtils/TextConversion.h>
 #include <XMLUtils/UnicodeString.h>
 
@@ -21,22 +20,17 @@ namespace MXF::Tessel::MetaMetadata::Loading {
 using Templates::WideString;
 using XMLUtils::toWstring;
 
-xercesc::DOMDocument* loadDocument(XSDLoaderImplData& data, const WideString& path) {
-  xercesc::DOMDocument* document = XMLUtils::loadDocumentFromFile(path.c_str(), *data.parser);
+xercesc::DOMDocument* loadDocument(XSDLoaderImplData& data, const WideString& path, XMLUtils::Counting counting) {
+  xercesc::DOMDocument* document = XMLUtils::loadDocumentFromFile(path.c_str(), *data.parser, counting);
   if (document == nullptr) {
     throw Exceptions::IOError((path + L" file Not Found!").c_str(), SourceNames::loaderImpl, __LINE__);
   }
   data.pathByDocument.emplace(document, std::make_shared<const WideString>(path));
   data.nsResolver = document->createNSResolver(document->getDocumentElement());
   registerNamespaces(data, *document);
-  useBindings(data, *data.nsResolver);
-  return document;
-}
-
-void useBindings(XSDLoaderImplData& data, xercesc::DOMXPathNSResolver& bindings) {
-  const XMLCh* schemaNamespace = bindings.lookupNamespaceURI(u"xs");
-  data.nsResolver = &bindings;
+  const XMLCh* schemaNamespace = data.nsResolver->lookupNamespaceURI(u"xs");
   data.schemaNamespace = &*data.schemaNamespaces.emplace(schemaNamespace != nullptr ? schemaNamespace : u"").first;
+  return document;
 }
 
 void registerNamespaces(XSDLoaderImplData& data, xercesc::DOMDocument& document) {

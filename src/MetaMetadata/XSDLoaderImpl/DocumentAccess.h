@@ -3,6 +3,7 @@
 #include "XSDLoaderImplData.h"
 
 #include <Templates/Containers.h>
+#include <XMLUtils/DocumentLoading.h>
 
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMElement.hpp>
@@ -12,13 +13,12 @@ namespace MXF::Tessel::MetaMetadata::Loading {
 
 /// Parses the file, makes its namespace bindings those of all later queries, and records their prefixes. The parser
 /// owns the document.
+/// @param counting  Further for an import, which shares the limits of the document that it is loaded for.
 /// @throws Exceptions::IOError  no such file: the path, then " file Not Found!".
 /// @throws Exceptions::ParseError  the document has no root element.
 /// @throws xercesc::SAXParseException  not well-formed.
-xercesc::DOMDocument* loadDocument(XSDLoaderImplData& data, const Templates::WideString& path);
-
-/// Makes the bindings of a document those of all later queries.
-void useBindings(XSDLoaderImplData& data, xercesc::DOMXPathNSResolver& bindings);
+xercesc::DOMDocument* loadDocument(XSDLoaderImplData& data, const Templates::WideString& path,
+                                   XMLUtils::Counting counting = XMLUtils::Counting::Anew);
 
 /// Records the "xmlns:" bindings of the root element in the data's resolver, and their prefixes for namespaces that
 /// have none yet. The default namespace is not recorded.

@@ -5,12 +5,15 @@
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMXPathNSResolver.hpp>
 
+#include <string>
+
 namespace MXF::Tessel::MetaMetadata::Loading {
 
 /// A document that was loaded because another one imports it. Document and resolver belong to the parser.
 struct ImportedDocument {
   xercesc::DOMDocument* document;
   xercesc::DOMXPathNSResolver* nsResolver;
+  const std::u16string* schemaNamespace;  ///< What the resolver has for the prefix xs, one of those that data keep.
 };
 
 /// The imported documents of a loader. Only ever grows.

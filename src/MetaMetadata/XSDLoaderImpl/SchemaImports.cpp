@@ -41,12 +41,13 @@ std::size_t sizeOfFile(const WideString& path) {
 /// queries again, as loading would make them, and its prefixes are recorded since it was first loaded.
 DOMDocument* loadImport(XSDLoaderImplData& data, const WideString& path) {
   if (const ImportedDocument* imported = data.importedDocuments.find(path)) {
-    useBindings(data, *imported->nsResolver);
+    data.nsResolver = imported->nsResolver;
+    data.schemaNamespace = imported->schemaNamespace;
     return imported->document;
   }
   data.budget->takeImport(sizeOfFile(path));
-  DOMDocument* document = loadDocument(data, path);
-  data.importedDocuments.add(path, {document, data.nsResolver});
+  DOMDocument* document = loadDocument(data, path, XMLUtils::Counting::Further);
+  data.importedDocuments.add(path, {document, data.nsResolver, data.schemaNamespace});
   return document;
 }
 
@@ -65,7 +66,9 @@ DOMDocument* findAmongImportsOf(XSDLoaderImplData& data, DOMDocument& from, cons
   const SchemaIndex::Locations& locations = index != nullptr ? index->importLocations(namespaceUri) : queried;
   data.budget->takeTypeLookups(locations.size());
   for (const WideString& location : locations) {
-    DOMDocument* imported = loadImport(data, importedSchemaPath(data, location));
+    const WideString path = importedSchemaPath(data, location);
+    data.budget->takeRepeatedText(path.size());
+    DOMDocument* imported = loadImport(data, path);
     if (findComplexType(data, *imported, typeName) != nullptr) return imported;
   }
   return nullptr;

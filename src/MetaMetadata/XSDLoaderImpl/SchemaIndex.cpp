@@ -17,6 +17,7 @@ using xercesc::DOMElement;
 namespace {
 
 const SchemaIndex::Locations noLocations;
+const SchemaIndex emptyIndex;
 
 bool isNamed(const DOMElement& element, const XMLCh* namespaceUri, const XMLCh* localName) {
   return xercesc::XMLString::equals(element.getLocalName(), localName) &&
@@ -36,14 +37,13 @@ WideString asInQuery(const WideString& text) {
 
 }  // namespace
 
-SchemaIndex::SchemaIndex(const DOMDocument& document, const XMLCh* schemaNamespace) {
-  const DOMElement* root = document.getDocumentElement();
-  if (root == nullptr || !isNamed(*root, schemaNamespace, u"schema")) return;
+SchemaIndex::SchemaIndex(const DOMElement& root) {
+  const XMLCh* schemaNamespace = root.getNamespaceURI();
   // The first declaration in document order keeps the text.
   const auto add = [this](ByText& index, DOMElement& declaration, const XMLCh* attributeName) {
     if (const auto text = textOf(declaration, attributeName)) index.emplace(*text, &declaration);
   };
-  for (DOMElement* child = root->getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
+  for (DOMElement* child = root.getFirstElementChild(); child != nullptr; child = child->getNextElementSibling()) {
     if (isNamed(*child, schemaNamespace, u"complexType")) add(complexTypesByName_, *child, u"name");
     if (isNamed(*child, schemaNamespace, u"element")) add(elementsByType_, *child, u"type");
     if (!isNamed(*child, schemaNamespace, u"import")) continue;
@@ -78,8 +78,10 @@ const SchemaIndex::Locations& SchemaIndex::importLocations(const WideString& nam
 const SchemaIndex* SchemaIndexes::find(const DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver) {
   const XMLCh* schemaNamespace = resolver.lookupNamespaceURI(u"xs");
   if (schemaNamespace == nullptr || *schemaNamespace == u'\0') return nullptr;
-  auto& index = indexes_[{&document, schemaNamespace}];
-  if (!index) index = std::make_unique<const SchemaIndex>(document, schemaNamespace);
+  const DOMElement* root = document.getDocumentElement();
+  if (root == nullptr || !isNamed(*root, schemaNamespace, u"schema")) return &emptyIndex;
+  auto& index = indexes_[&document];
+  if (!index) index = std::make_unique<const SchemaIndex>(*root);
   return index->isReliable() ? index.get() : nullptr;
 }
 

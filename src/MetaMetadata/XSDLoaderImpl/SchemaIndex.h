@@ -6,10 +6,9 @@
 #include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/dom/DOMXPathNSResolver.hpp>
 
+#include <map>
 #include <memory>
 #include <optional>
-#include <string>
-#include <utility>
 
 /// Look-ups of top-level declarations by an attribute. A query for one walks the whole document, and a scheme asks for
 /// every type and base group of every chain; an index is built once.
@@ -20,8 +19,10 @@ class SchemaIndex {
  public:
   using Locations = Templates::set<Templates::WideString>;
 
-  /// @param schemaNamespace  namespace in which "schema", "complexType" and "element" are meant.
-  SchemaIndex(const xercesc::DOMDocument& document, const XMLCh* schemaNamespace);
+  /// Of a document in which there is nothing to find.
+  SchemaIndex() = default;
+  /// @param root  an element "schema", in whose namespace "complexType", "element" and "import" are meant.
+  explicit SchemaIndex(const xercesc::DOMElement& root);
 
   /// Whether the index gives what the queries give: none of the attributes has a type from a DTD or a schema.
   bool isReliable() const { return isReliable_; }
@@ -45,7 +46,8 @@ class SchemaIndex {
   Templates::map<Templates::WideString, Locations> locationsByNamespace_;
 };
 
-/// The indexes of a loader's documents, one for each document and each namespace that queries gave the prefix xs.
+/// The indexes of a loader's documents. A document has one: under any namespace but that of its root there is nothing to
+/// find in it.
 class SchemaIndexes {
  public:
   /// The index that answers queries on the document under the resolver, or null when only a query itself can be trusted
@@ -53,7 +55,7 @@ class SchemaIndexes {
   const SchemaIndex* find(const xercesc::DOMDocument& document, const xercesc::DOMXPathNSResolver& resolver);
 
  private:
-  std::map<std::pair<const xercesc::DOMDocument*, std::u16string>, std::unique_ptr<const SchemaIndex>> indexes_;
+  std::map<const xercesc::DOMDocument*, std::unique_ptr<const SchemaIndex>> indexes_;
 };
 
 }  // namespace MXF::Tessel::MetaMetadata::Loading

@@ -7,6 +7,12 @@
 
 namespace MXF::Tessel::XMLUtils {
 
+/// What counts towards the limits of a document.
+enum class Counting {
+  Anew,    ///< What it holds itself.
+  Further  ///< Also what those hold that its parser has loaded before it, from the last one on that counts anew.
+};
+
 /// Parses a file.
 ///
 /// Namespaces are on; validation and schema processing are off. An internal DTD subset is read and its entities are
@@ -21,12 +27,16 @@ namespace MXF::Tessel::XMLUtils {
 ///
 /// @param path    any path of the file system, in UTF-16 code units; the file is opened by its UTF-8 form.
 /// @param parser  a parser of Initializer::domImplementation(); its settings are made here. It owns the document.
+/// @param counting  Further for a file that the content of another one leads to: nodes, document types, texts of
+///        documents with entities, and comparisons with prefixes and declared attributes then have limits in common. The
+///        same file can be written to be read under many names.
 /// @return the document, or null when the file cannot be opened or is no regular file, such as a directory or a pipe.
 /// @throws xercesc::SAXParseException  the content is not well-formed ("PATH:LINE:COLUMN: " and the parser's text) or
 ///         exceeds a limit ("PATH:LINE:COLUMN: Limit exceeded: more than ..."), with line and column also in the
 ///         exception.
 /// @throws Exceptions::IOError  the file can be opened but not be read (the path, then ": " and the system's reason), or
 ///         is too large (the path, then ": Limit exceeded: more than 67108864 bytes in a file").
-TESSELMXF_XMLUTILS_API xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSParser& parser);
+TESSELMXF_XMLUTILS_API xercesc::DOMDocument* loadDocumentFromFile(const wchar_t* path, xercesc::DOMLSParser& parser,
+                                                                  Counting counting = Counting::Anew);
 
 }  // namespace MXF::Tessel::XMLUtils

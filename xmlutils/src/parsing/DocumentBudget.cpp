@@ -42,17 +42,17 @@ const Limit* DocumentBudget::declarePrefix(std::size_t length, std::size_t names
   if (length > Limits::namespaceLength.count) return &Limits::namespaceLength;
   const Limit* exceeded = take(prefixesOfElement_, 1, Limits::prefixesOfElement);
   if (exceeded == nullptr) exceeded = take(prefixes_, 1, Limits::prefixes);
-  return exceeded != nullptr ? exceeded
-                             : take(namespaceCharacters_, length * (namespaces + 1), Limits::namespaceCharacters);
+  return exceeded != nullptr ? exceeded : compareNamespaces(length * (namespaces + 1));
 }
 
 const Limit* DocumentBudget::resolvePrefix(std::size_t length) {
-  const Limit* exceeded = take(prefixComparisons_, prefixesInScope_, Limits::prefixComparisons);
-  return exceeded != nullptr ? exceeded : take(namespaceCharacters_, length, Limits::namespaceCharacters);
+  const Limit* exceeded = take(totals_.prefixComparisons, prefixesInScope_, Limits::prefixComparisons);
+  return exceeded != nullptr ? exceeded : compareNamespaces(length);
 }
 
 const Limit* DocumentBudget::declareEntity(const XMLCh* value, bool isParameterEntity) {
   using xercesc::XMLString;
+  hasEntities_ = true;
   if (value != nullptr && XMLString::stringLen(value) > Limits::entityLength.count) return &Limits::entityLength;
   const bool isNested = isParameterEntity && value != nullptr && XMLString::indexOf(value, u'%') >= 0;
   return isNested ? &Limits::parameterEntityNesting : declare();

@@ -37,6 +37,8 @@ constexpr Limit prefixComparisons{1'000'000'000, L"comparisons with declared pre
 /// every attribute with a prefix, and may go through those of all namespaces for every one that is declared.
 constexpr Limit namespaceLength{4'096, L"characters in a namespace name"};
 constexpr Limit namespaceCharacters{1'000'000'000, L"characters of namespace names that are compared"};
+/// For documents that lead to each other. The parser keeps the namespaces of all that it has read.
+constexpr Limit namespaceCharactersTogether{10'000'000'000, L"characters of namespace names that are compared"};
 
 /// A schema uses some thirty names of elements and attributes. The parser looks each name up in tables whose lists grow
 /// with their number, and can be made to keep all of them in one list.
@@ -46,10 +48,15 @@ constexpr Limit names{2'000, L"different names of elements and attributes"};
 constexpr Limit entityExpansions{10'000, L"expansions of entities"};
 constexpr Limit entityLength{4'096, L"characters in an entity"};
 
+/// What the two allow for one document. Others that it leads to have no more than that between them.
+constexpr Limit expandedText{50'000'000, L"characters in documents with entities"};
+
 /// The parser does not count expansions of parameter entities, and those of nested ones can double with each.
 constexpr Limit parameterEntityNesting{0, L"references in a parameter entity"};
+/// Nor does it tell of them; some more have been read where this is told.
+constexpr Limit parameterEntityExpansions{11'000, L"references to parameter entities"};
 
-/// The schema for schemas has fewer than a hundred.
+/// The schema for schemas has fewer than a hundred. Lists of attributes count like each of their attributes.
 constexpr Limit doctypeDeclarations{1'000, L"declarations in a document type"};
 /// Its own text, and that of parameter entities. Names in declared content are looked up like all others.
 constexpr Limit doctypeSize{std::size_t{1} << 20U, L"bytes in a document type"};

@@ -57,6 +57,8 @@ void appendText(xercesc::DOMParentNode& parent, xercesc::DOMTextImpl& text) {
   first.previousSibling = &text;
 }
 
+constexpr std::size_t emptyComment = 7;  // characters
+
 std::size_t countOfDefaults(const xercesc::DTDElementDecl& element) {
   if (!element.hasAttDefs()) return 0;
   const xercesc::XMLAttDefList& attributes = element.getAttDefList();
@@ -88,7 +90,7 @@ xercesc::DOMDocument* Parser::parse(const xercesc::DOMLSInput* input) {
 }
 
 void Parser::renewScanner() {
-  budget_ = DocumentBudget();
+  beginBudget();
   const bool loadsExternalDtd = getLoadExternalDTD();  // not among the settings that the new scanner takes over
   useScanner(xercesc::XMLUni::fgIGXMLScanner);
   setLoadExternalDTD(loadsExternalDtd);
@@ -97,8 +99,13 @@ void Parser::renewScanner() {
   memory.forgetRunningOut();
 }
 
+void Parser::beginBudget() {
+  const DocumentBudget::Totals totals = budget_.totals();
+  budget_ = counting_ == Counting::Anew ? DocumentBudget() : DocumentBudget(totals);
+}
+
 void Parser::startDocument() {
-  budget_ = DocumentBudget();
+  beginBudget();
   fDocument = new (fMemoryManager) XPath::XPathDocument(&implementation_, fMemoryManager, queries_);
   fCurrentParent = fDocument;
   fCurrentNode = fDocument;
@@ -137,6 +144,7 @@ void Parser::countAttribute(const xercesc::XMLAttr& attribute) {
   check(budget_.useName(attribute.getPrefix(), attribute.getName()));
   if (*attribute.getPrefix() != u'\0') check(budget_.resolvePrefix(namespaces_.lengthOf(attribute.getURIId())));
   if (attribute.getType() == xercesc::XMLAttDef::ID) check(budget_.declareIdentifier());
+  if (budget_.hasEntities()) check(budget_.expandText(xercesc::XMLString::stringLen(attribute.getValue())));
   if (attribute.getSpecified()) return;
   check(budget_.makeDefaults(1));
   check(budget_.repeatDefaultValue(xercesc::XMLString::stringLen(attribute.getValue())));
@@ -156,6 +164,7 @@ void Parser::endElement(const xercesc::XMLElementDecl& declaration, unsigned int
 
 void Parser::docCharacters(const XMLCh* characters, XMLSize_t length, bool isCdataSection) {
   check(budget_.addNodes(1));
+  if (budget_.hasEntities()) check(budget_.expandText(length));
   notePosition();
   const bool beginsText = isKnownVersion && fWithinElement && !isCdataSection && getFilter() == nullptr &&
                           fCurrentNode->getNodeType() != xercesc::DOMNode::TEXT_NODE &&
@@ -213,6 +222,7 @@ void Parser::attDef(const xercesc::DTDElementDecl& element, const xercesc::DTDAt
 }
 
 void Parser::endAttList(const xercesc::DTDElementDecl& element) {
+  check(budget_.declare());  // also where a list is empty: all attributes of the element are gone through
   check(budget_.makeDefaults(countOfDefaults(element)));
   try {
     DOMLSParserImpl::endAttList(element);
@@ -238,7 +248,7 @@ void Parser::notationDecl(const xercesc::XMLNotationDecl& declaration, bool isIg
 }
 
 void Parser::doctypeComment(const XMLCh* text) {
-  check(budget_.haveDoctypeText(xercesc::XMLString::stringLen(text)));
+  check(budget_.haveDoctypeText(emptyComment + xercesc::XMLString::stringLen(text)));
   DOMLSParserImpl::doctypeComment(text);
 }
 
@@ -271,13 +281,13 @@ std::size_t Parser::Namespaces::lengthOf(unsigned int id) {
 }
 
 void Parser::beginDocument() {
-  budget_ = DocumentBudget();
+  beginBudget();
   memory.forgetWatchedBlocks();
 }
 
 void Parser::countRead(std::size_t bytes) {
   check(budget_.read(bytes));
-  check(DocumentBudget::makeRoomForAttributes(memory.watchedBlocks()));
+  check(budget_.makeRoom(memory.watchedBlocks()));
 }
 
 void Parser::notePosition() {

@@ -5,6 +5,7 @@
 #include "xpath/QueryCache.h"
 #include "xpath/XPathImplementation.h"
 
+#include <XMLUtils/DocumentLoading.h>
 #include <XMLUtils/SourcePosition.h>
 
 #include <xercesc/parsers/DOMLSParserImpl.hpp>
@@ -34,6 +35,8 @@ class Parser : private ParserMemory, public xercesc::DOMLSParserImpl {
 
   using DOMLSParserImpl::parse;
   xercesc::DOMDocument* parse(const xercesc::DOMLSInput* input) override;
+
+  void setCounting(Counting counting) { counting_ = counting; }
 
   /// What all of the parser is made with, and what it reads from should be.
   using ParserMemory::memory;
@@ -95,6 +98,7 @@ class Parser : private ParserMemory, public xercesc::DOMLSParserImpl {
     std::vector<std::size_t> lengths_;  ///< By number; only of those that have been asked for.
   };
 
+  void beginBudget();
   /// Takes another scanner.
   void renewScanner();
   /// Counts an attribute of an element that is about to be made.
@@ -111,6 +115,7 @@ class Parser : private ParserMemory, public xercesc::DOMLSParserImpl {
   XPath::XPathImplementation& implementation_;
   std::shared_ptr<XPath::QueryCache> queries_ = std::make_shared<XPath::QueryCache>();
   DocumentBudget budget_;
+  Counting counting_ = Counting::Anew;
   Namespaces namespaces_;
   SourcePosition position_;
 };
