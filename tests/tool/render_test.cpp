@@ -115,7 +115,7 @@ TEST(Values, InBothFormats) {
   }
 }
 
-TEST(JsonStrings, LoneSurrogatesAreEscapedAndAllElseIsKept) {
+TEST(JsonStrings, LoneSurrogatesAndWhatTerminalsActOnAreEscaped) {
   struct {
     WideString text;
     const char* json;
@@ -128,8 +128,9 @@ TEST(JsonStrings, LoneSurrogatesAreEscapedAndAllElseIsKept) {
       {L"a\xDBFFz\xDC00", R"("a\udbffz\udc00")"},              //
       {L"\xD7FF\xE000\xED20",
        "\"\xED\x9F\xBF\xEE\x80\x80\xEE\xB4\xA0\""},  // next to the surrogates, or similar to them
-      {L"\\ud83d", R"("\\ud83d")"},                  // a text that looks like an escape
-      {L"\"\\/\n\t\x01\x7F\x2028", "\"\\\"\\\\/\\n\\t\\u0001\x7F\xE2\x80\xA8\""},
+      {L"\x9B\u202E\u2066\u2010\u2029", "\"\\u009b\\u202e\\u2066\xE2\x80\x90\\u2029\""},
+      {L"\\ud83d", R"("\\ud83d")"},  // a text that looks like an escape
+      {L"\"\\/\n\t\x01\x7F\x2028", "\"\\\"\\\\/\\n\\t\\u0001\\u007f\\u2028\""},
   };
   for (const auto& row : cases) {
     EXPECT_EQ(quoted(row.text), row.json);

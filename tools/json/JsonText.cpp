@@ -1,5 +1,6 @@
 // Writes JSON. The library that holds the values writes all of them but strings with lone surrogates, on which it
-// throws; so the strings travel in the form of encode(), and are cut at the surrogates and put together again here.
+// throws; so the strings travel in the form of encode(), and are cut at what it does not escape and put together again
+// here.
 
 #include "json/JsonText.h"
 
@@ -13,34 +14,50 @@ namespace MXF::Tessel::Tool {
 
 namespace {
 
-constexpr std::size_t encodedSurrogateSize = 3;
+/// A character of a text in the form of encode().
+struct Character {
+  std::size_t position;
+  std::size_t size;
+  unsigned codePoint;
+};
 
-/// Position of the first encoded lone surrogate, or the text's size.
-std::size_t findSurrogate(std::string_view text) {
-  for (std::size_t i = 0; i + 1 < text.size(); ++i) {
-    if (text[i] == '\xED' && static_cast<unsigned char>(text[i + 1]) >= 0xA0) return i;
-  }
-  return text.size();
+/// Lone surrogates, which UTF-8 cannot express, and what a terminal would act on, or show in another order: controls that
+/// JSON need not escape, embeddings, overrides and isolates of the bidirectional algorithm.
+bool isEscaped(unsigned codePoint) {
+  return isSurrogate(codePoint) || (codePoint >= 0x7F && codePoint <= 0x9F) ||
+         (codePoint >= 0x2028 && codePoint <= 0x202E) || (codePoint >= 0x2066 && codePoint <= 0x2069);
 }
 
-std::string escapeOf(std::string_view encodedSurrogate) {
-  const auto tail = [&](std::size_t i) { return static_cast<unsigned char>(encodedSurrogate[i]) & 0x3FU; };
+/// The first character that is written as an escape, or an empty one at the end.
+Character firstEscaped(std::string_view text) {
+  const auto bits = [&](std::size_t i, unsigned mask) { return static_cast<unsigned char>(text[i]) & mask; };
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    Character character{i, 1, bits(i, 0xFF)};
+    if (text[i] == '\xC2' && i + 1 < text.size()) character = {i, 2, bits(i, 0x1F) << 6U | bits(i + 1, 0x3F)};
+    if ((text[i] == '\xE2' || text[i] == '\xED') && i + 2 < text.size())
+      character = {i, 3, bits(i, 0x0F) << 12U | bits(i + 1, 0x3F) << 6U | bits(i + 2, 0x3F)};
+    const bool isWhole = character.size > 1 || character.codePoint < 0x80;
+    if (isWhole && isEscaped(character.codePoint)) return character;
+  }
+  return {text.size(), 0, 0};
+}
+
+std::string escapeOf(unsigned codePoint) {
   constexpr std::string_view digits = "0123456789abcdef";
-  const unsigned middle = tail(1);
-  const unsigned last = tail(2);
-  return {'\\', 'u', 'd', digits[middle >> 2U], digits[(middle & 3U) << 2U | last >> 4U], digits[last & 0xFU]};
+  std::string escape = "\\u";
+  for (const unsigned shift : {12U, 8U, 4U, 0U}) escape += digits[codePoint >> shift & 0xFU];
+  return escape;
 }
 
 std::string quotedEncoded(std::string_view text) {
   std::string result = "\"";
   while (!text.empty()) {
-    const std::string_view plain = text.substr(0, findSurrogate(text));
-    const std::string written = Json(plain).dump(-1, ' ', false, Json::error_handler_t::replace);
+    const Character escaped = firstEscaped(text);
+    const std::string written =
+        Json(text.substr(0, escaped.position)).dump(-1, ' ', false, Json::error_handler_t::replace);
     result.append(written, 1, written.size() - 2);
-    text.remove_prefix(plain.size());
-    if (text.empty()) break;
-    result += escapeOf(text.substr(0, encodedSurrogateSize));
-    text.remove_prefix(encodedSurrogateSize);
+    if (escaped.size > 0) result += escapeOf(escaped.codePoint);
+    text.remove_prefix(escaped.position + escaped.size);
   }
   return result + '"';
 }

@@ -15,7 +15,7 @@ using Json = nlohmann::ordered_json;
 Json jsonString(const Templates::WideString& text);
 
 /// The value as a document: UTF-8, two blanks per level, a line break at the end. A lone surrogate, which UTF-8 cannot
-/// express, is written as its escape, such as \ud83d.
+/// express, is written as its escape, such as \ud83d; so are characters that a terminal would act on.
 std::string writeJson(const Json& value);
 
 /// The string as JSON writes it, quotation marks included.
