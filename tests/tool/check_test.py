@@ -244,6 +244,27 @@ class Check(ToolTest):
         self.assertEqual([(other["place"]["path"], other["message"]) for other in found[0]["related"]],
                          [("heir.xsd", 'met while loading this file, which has "Own"')])
 
+    def test_base_types_that_have_no_group_by_their_name(self):
+        plain = '<xs:complexType name="PlainType" abstract="true"/>'
+        keyed = group(1, "Keyed").replace('name="', 'abstract="true" name="', 1)
+        heir = group(2, "Heir", base="Plain") + plain
+        misspelled = group(3, "A") + group(4, "B", base="A").replace('base="g:', 'base="')
+        write = 'Write the base as "g:AType", just as group "A" writes its type'
+        self.write("d.xsd", dictionary(element(1, "A")))
+        self.write("base.xsd", scheme(keyed))
+        declare = "Declare a group of that type, with a key: "
+        for text, rules, remedy in (
+                (heir, [], ""),
+                (heir + f'<xs:import namespace="{GROUPS}" schemaLocation="base.xsd"/>', ["left-out-abstract"], declare),
+                (heir + keyed, ["left-out-abstract"], declare), (misspelled, ["missing-base"], write),
+                (misspelled + keyed, ["left-out-abstract"], write)):
+            self.write("s.xsd", scheme(text))
+            found = self.findings("d.xsd", "s.xsd", options=["--disable", "unused-element"])
+            self.assertEqual([(finding["rule"], finding["remedy"][:len(remedy)]) for finding in found],
+                             [(rule, remedy) for rule in rules])
+            notes = self.run_tool("explain", "Keyed", *schema_arguments(["d.xsd", "s.xsd"]))[2].decode()
+            self.assertEqual(notes.count(" are left out, since no group has "), len(rules))
+
     def test_annotations_of_the_other_flavour(self):
         other = "http://www.smpte-ra.org/schemas/434/Groups/"
         old = "urn:SMPTE:MXF:XMLInterface:Groups:"

@@ -1,5 +1,6 @@
 """The subcommand explain: what is found, by which texts, and what is told of it."""
 import json
+import re
 import unittest
 
 import jsonschema
@@ -144,6 +145,11 @@ class Explain(ToolTest):
         jsonschema.Draft202012Validator(SCHEMA).validate(result)
         self.assertEqual([(a["inheritedFrom"], a["typeNotLoaded"]) for a in result["sets"][0]["attributes"]],
                          [(None, "RootType"), (None, None)])
+        self.write("s.xsd", scheme(re.sub('<xs:element name="Root".*?</xs:element>', "", group(10, "Root", attribute("A"))),
+                                   group(11, "Leaf", base="Root")))
+        status, output, errors = self.run_tool("explain", "Leaf", *self.files)
+        self.assertEqual((status, errors), (0, b""))
+        self.assertIn(b"  Derived from   RootType (a type without a group)\n", output)
 
     def test_text(self):
         status, output, errors = self.run_tool("explain", "Leaf Set", *self.files)

@@ -233,6 +233,7 @@ class Explanations(ToolTest):
             "a set with this key".capitalize(): group(1, "G") + group(1, "H"),
             "in the annotation urn:SMPTE:MXF:XMLInterface:Groups:Key": group(1, "G").replace(key(1), ""),
             "With --abstract-groups every": abstract.replace(key(1), ""),
+            'Write the base as "g:HType"': group(1, "G", base="H").replace('base="g:', 'base="') + group(2, "H"),
             "Declare the type, or import": group(1, "G", base="Other"),
             "correct the reference": group(1, "G", attribute("None"))}
         for expected, text in elements.items():

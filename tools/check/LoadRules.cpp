@@ -175,17 +175,18 @@ Findings findLeftOutAbstractGroups(const Subject& subject) {
   Findings findings;
   std::map<std::string, std::size_t> known;  // many schemes may have their bases from one
   for (const LoadRecord& load : subject.outcome().loads) {
-    if (!load.withAbstractGroups) continue;
-    const Failure& failure = *load.withAbstractGroups;
+    if (!load.leftOut || !load.leftOut->isAbstract) continue;
+    const Failure& failure = load.leftOut->failure;
     const Place place = failure.place.isKnown() ? placeAt(failure.place) : placeOf(load);
     const std::string leftOut = abstractGroupsWithKeys(subject.scanOf(placeOf(load).path));
-    const std::string& why = load.whyGroupsAreLeftOut;
+    const std::string& why = load.leftOut->why;
     const auto [finding, isNew] =
         known.emplace(withoutHere(shownPlace(failure.place, load.file.path)) + why, findings.size());
     if (isNew) {
       std::string text = "Abstract groups are left out";
       if (!leftOut.empty()) text.append(" though they have keys (").append(leftOut).append(")");
-      findings.push_back({place, text.append(", since ").append(why).append(".")});
+      findings.push_back({place, encode(printable(text.append(", since ").append(why).append(".")))});
+      findings.back().remedy = encode(printable(load.leftOut->remedy));
     }
     if (!isNew || place.path != placeOf(load).path) {
       findings[finding->second].related.push_back(

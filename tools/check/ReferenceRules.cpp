@@ -133,6 +133,18 @@ Finding missingBase(const DictionaryIndex::Set& set, const std::u32string& key, 
   return finding;
 }
 
+/// Bases that are declared, but not found by the name that a group gives them.
+Findings misspelledBases(const Subject& subject) {
+  Findings findings;
+  for (const LoadRecord& load : subject.outcome().loads) {
+    if (!load.leftOut || load.leftOut->isAbstract) continue;
+    findings.push_back({placeAt(load.leftOut->failure.place),
+                        encode(printable("The base of this group is left out, since " + load.leftOut->why + "."))});
+    findings.back().remedy = encode(printable(load.leftOut->remedy));
+  }
+  return findings;
+}
+
 }  // namespace
 
 Findings findUnresolvedReferences(const Subject& subject) {
@@ -159,7 +171,7 @@ Findings findUnresolvedReferences(const Subject& subject) {
 }
 
 Findings findMissingBases(const Subject& subject) {
-  Findings findings;
+  Findings findings = misspelledBases(subject);
   std::optional<DeclaredGroups> groups;
   for (const DictionaryIndex::Set* set : subject.sets()) {
     const auto base = subject.index().missingBaseOf(*set);

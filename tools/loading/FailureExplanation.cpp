@@ -132,8 +132,10 @@ std::string remedyOfGroupKey(const Case& fault) {
   return "Give the group its key in " + annotation(fault.annotations().groupKey) + ".";
 }
 
-std::string remedyOfBaseGroup(const Case& /*fault*/) {
-  return remedyOfAbstractGroup();
+std::string remedyOfBaseGroup(const Case& fault) {
+  const WideString base = fault.value.substr(0, fault.value.find(L','));
+  const std::string remedy = remedyOfSpelling(Utils::stringToWstring(fault.record.file.path.c_str()), base);
+  return remedy.empty() ? remedyOfAbstractGroup() : remedy;
 }
 
 std::string remedyOfMissingStatus(const Case& fault) {

@@ -1,7 +1,6 @@
 #include "loading/SchemaLoading.h"
 
 #include "loading/FailureExplanation.h"
-#include "loading/LeftOutGroups.h"
 #include "loading/NothingLoaded.h"
 
 #include <MetaMetadata/Loading/XSDDictionaryLoader2.h>
@@ -43,19 +42,20 @@ std::size_t countDeclared(FileKind kind, const MetaMetadata::Dictionary& diction
   return static_cast<std::size_t>(count);
 }
 
-void tryToLoad(XSDDictionaryLoader2& loader, LoadRecord& record, const LoadRequest& request,
-               MetaMetadata::Dictionary& dictionary) {
+/// @return why the file failed to load with abstract groups, when it was loaded without them after that.
+std::optional<Failure> tryToLoad(XSDDictionaryLoader2& loader, LoadRecord& record, const LoadRequest& request,
+                                 MetaMetadata::Dictionary& dictionary) {
   const bool mayDoWithout = request.abstractGroupsIfPossible && !request.abstractGroups;
   loader.loadAbstractGroups(request.abstractGroups || request.abstractGroupsIfPossible);
   const std::size_t before = countDeclared(record.file.kind, dictionary);
   record.failure = failureOf([&] { loadFile(loader, record.file, dictionary); });
-  if (!record.failure || !mayDoWithout || record.file.kind != FileKind::Scheme) return;
+  if (!record.failure || !mayDoWithout || record.file.kind != FileKind::Scheme) return std::nullopt;
   // What got into the dictionary would be in the way of itself.
-  if (countDeclared(record.file.kind, dictionary) != before) return;
+  if (countDeclared(record.file.kind, dictionary) != before) return std::nullopt;
   loader.loadAbstractGroups(false);
   std::optional<Failure> failure = failureOf([&] { loadFile(loader, record.file, dictionary); });
-  if (!failure) record.withAbstractGroups = std::move(record.failure);
-  record.failure = std::move(failure);
+  std::swap(record.failure, failure);
+  return record.failure ? std::nullopt : failure;
 }
 
 void explainNothing(LoadRecord& record, const LoadRequest& request, const LoadOutcome& outcome) {
@@ -85,10 +85,11 @@ LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, co
   const std::size_t before = countDeclared(file.kind, outcome.dictionary);
   LoadRecord record;
   record.file = file;
-  tryToLoad(loader, record, request, outcome.dictionary);
+  const std::optional<Failure> withAbstractGroups = tryToLoad(loader, record, request, outcome.dictionary);
   outcome.targetNamespace = loader.getTargetNamespace();
-  if (record.withAbstractGroups) {
-    record.whyGroupsAreLeftOut = whyGroupsAreLeftOut(*record.withAbstractGroups, outcome.targetNamespace);
+  if (withAbstractGroups) {
+    const Templates::WideString path = Utils::stringToWstring(file.path.c_str());
+    record.leftOut = findLeftOutGroups(path, *withAbstractGroups, outcome.targetNamespace);
   }
   if (record.failure) {
     findPlace(file, *record.failure);
@@ -124,7 +125,7 @@ bool loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
   for (const SchemaFile& file : filesInLoadOrder(request)) {
     outcome.loads.push_back(loadRecorded(loader, file, request, outcome));
     const LoadRecord& record = outcome.loads.back();
-    if (record.failure || record.warning || record.withAbstractGroups) onTrouble(record);
+    if (record.failure || record.warning || record.leftOut) onTrouble(record);
     if (record.failure) isComplete = false;
     if (record.failure && !request.keepGoing) break;
   }

@@ -2,6 +2,7 @@
 
 #include "loading/Explanation.h"
 #include "loading/Failure.h"
+#include "loading/LeftOutGroups.h"
 
 #include <MetaMetadata/Dictionary.h>
 #include <Templates/Containers.h>
@@ -42,12 +43,10 @@ struct LoadRecord {
   SchemaFile file;
   /// A file of another kind or flavour than it was given as fails, too: with wrongFileClass.
   std::optional<Failure> failure;
-  Explanation explanation;             ///< Of the failure.
-  std::optional<std::size_t> sameAs;   ///< Number of the load that met the same fault of the same document before.
-  std::optional<std::string> warning;  ///< Why a load that may be meant so added nothing; the rest of a sentence.
-  /// Why the file failed to load with abstract groups, when it was loaded without them after that.
-  std::optional<Failure> withAbstractGroups;
-  std::string whyGroupsAreLeftOut;  ///< The same as the rest of a sentence; empty when they are not left out.
+  Explanation explanation;               ///< Of the failure.
+  std::optional<std::size_t> sameAs;     ///< Number of the load that met the same fault of the same document before.
+  std::optional<std::string> warning;    ///< Why a load that may be meant so added nothing; the rest of a sentence.
+  std::optional<LeftOutGroups> leftOut;  ///< When it failed to load with abstract groups, and not without them.
 };
 
 /// What loading left behind. After a failure the dictionary holds what the loads before it, and the failed load itself,
