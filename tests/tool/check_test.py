@@ -57,6 +57,11 @@ def schema_arguments(files):
     return [part for name in files for part in ("--dictionary" if name.startswith("d") else "--scheme", name)]
 
 
+def in_registry_flavour(text):
+    text = text.replace("Groups::D", "Groups:D").replace("Groups:MetadataElement", "Groups:Property")
+    return re.sub("urn:SMPTE:MXF:XMLInterface:(Dictionary|Groups):", r"http://www.smpte-ra.org/schemas/434/\1/", text)
+
+
 class Check(ToolTest):
     def findings(self, *names, options=()):
         _, output, errors = self.run_tool("check", *schema_arguments(names), "--format", "json", *options)
@@ -142,10 +147,7 @@ class Check(ToolTest):
                          [(self.place("s.xsd", '<xs:element ref="e:T"'), "1.0 &")])
         self.write("m.xsd", multiplex(REGISTRY_MULTIPLEX))
         for name in ("d.xsd", "s.xsd"):
-            text = (self.folder / name).read_text(encoding="utf-8").replace("Groups::D", "Groups:D")
-            text = text.replace("Groups:MetadataElement", "Groups:Property")
-            self.write(name, re.sub("urn:SMPTE:MXF:XMLInterface:(Dictionary|Groups):",
-                                    r"http://www.smpte-ra.org/schemas/434/\1/", text))
+            self.write(name, in_registry_flavour((self.folder / name).read_text(encoding="utf-8")))
         self.assertEqual([finding["rule"] for finding in
                           self.findings("d.xsd", "s.xsd", options=["--multiplex", "m.xsd"])], ["lost-value"])
 
@@ -277,6 +279,26 @@ class Check(ToolTest):
         self.assertEqual([(finding["rule"], finding["place"]["line"], finding["message"].rpartition(": ")[2])
                           for finding in found],
                          [("other-flavour", 2, "PropertyRequiredStatus."), ("other-flavour", 3, "LocalTag.")])
+
+    def test_nothing_is_told_of_a_flavour_that_is_not_known(self):
+        self.write("m.xsd", multiplex("urn:x:none"))
+        self.write("d1.xsd", dictionary(element(1, "A"), reference(2, "R", "H")))
+        self.write("d2.xsd", in_registry_flavour(dictionary(element(3, "B"))))
+        self.write("s1.xsd", scheme(group(1, "G", attribute("A"), attribute("R"), attribute("A").replace(
+            "urn:SMPTE:MXF:XMLInterface:Groups:MetadataElement", "http://www.smpte-ra.org/schemas/434/Groups/Property"))))
+        self.write("s2.xsd", in_registry_flavour(scheme(group(2, "H", attribute("B")))))
+        self.write("s3.xsd", scheme(group(3, "I", attribute("B"))))
+        options = ["--multiplex", "m.xsd"]
+        for names, told in ((["d1.xsd", "s1.xsd"], "all was examined in the URN flavour."),
+                            (["d1.xsd", "d2.xsd", "s1.xsd", "s2.xsd", "s3.xsd"],
+                             "3 files of another than the URN flavour were not examined.")):
+            found = self.findings(*names, options=options)
+            rules = [] if len(names) > 2 else ["unresolved-reference"]
+            self.assertEqual([finding["rule"] for finding in found], ["load-failed"] + rules)
+            self.assertTrue(found[0]["remedy"].endswith(told), found[0]["remedy"])
+        status, _, errors = self.run_tool("dump", "--keep-going", *options, *schema_arguments(names))
+        self.assertEqual((status, re.findall(r"^(\S+): (error|warning|note):", errors.decode(), re.MULTILINE)),
+                         (1, [("m.xsd", "error"), ("m.xsd", "note"), ("d2.xsd", "note")]))
 
     def test_what_was_probably_meant(self):
         self.write("d.xsd", dictionary(element(1, "A"), reference(2, "R", "Bax", "None"),

@@ -26,6 +26,16 @@ std::string sentence(const std::string& start, const std::string& rest) {
   return encode(printable(start + rest)) + ".";
 }
 
+/// What was not examined since the multiplex schema failed: a sentence.
+std::string passedOverText(const std::vector<LoadRecord>& loads) {
+  const auto count =
+      std::count_if(loads.begin(), loads.end(), [](const LoadRecord& load) { return load.isPassedOver; });
+  if (count == 0) return " The flavour is not known without it; all was examined in the URN flavour.";
+  return " The flavour is not known without it: " + counted(static_cast<std::size_t>(count), std::string("file")) +
+         (count == 1 ? " of another than the URN flavour was" : " of another than the URN flavour were") +
+         " not examined.";
+}
+
 /// The failure as a finding, with the other files that it was met with.
 Finding describe(const std::vector<LoadRecord>& loads, std::size_t number) {
   const LoadRecord& load = loads[number];
@@ -36,6 +46,7 @@ Finding describe(const std::vector<LoadRecord>& loads, std::size_t number) {
   Finding finding(failure.place.isKnown() ? placeAt(failure.place) : placeOf(load),
                   text + " [" + failure.className + "]");
   finding.remedy = encode(printable(load.explanation.remedy));
+  if (load.file.kind == FileKind::Multiplex) finding.remedy += passedOverText(loads);
   for (const PlacedNote& note : load.explanation.related) {
     finding.related.push_back({placeAt(note.place), encode(printable(note.text))});
   }
@@ -154,7 +165,7 @@ Findings findWrongRoots(const Subject& subject) {
 Findings findFilesWithoutDeclarations(const Subject& subject) {
   Findings findings;
   for (const LoadRecord& load : subject.outcome().loads) {
-    if (!load.warning) continue;
+    if (!load.warning || load.isPassedOver) continue;
     findings.push_back({placeOf(load), sentence("The file ", *load.warning)});
     findings.back().remedy = remedyOfNoAnnotation(load, subject);
   }

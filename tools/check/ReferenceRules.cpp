@@ -7,6 +7,7 @@
 
 #include <MetaMetadata/PropertyKeys.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 #include <optional>
@@ -133,6 +134,12 @@ Finding missingBase(const DictionaryIndex::Set& set, const std::u32string& key, 
   return finding;
 }
 
+/// Whether sets may be missing for no other reason than that the flavour is not known.
+bool hasPassedOver(const Subject& subject) {
+  const auto& loads = subject.outcome().loads;
+  return std::any_of(loads.begin(), loads.end(), [](const LoadRecord& load) { return load.isPassedOver; });
+}
+
 /// Bases that are declared, but not found by the name that a group gives them.
 Findings misspelledBases(const Subject& subject) {
   Findings findings;
@@ -149,7 +156,7 @@ Findings misspelledBases(const Subject& subject) {
 
 Findings findUnresolvedReferences(const Subject& subject) {
   Findings findings;
-  if (subject.sets().empty()) return findings;
+  if (subject.sets().empty() || hasPassedOver(subject)) return findings;
   const SetsByXmlName sets = setsByXmlName(subject.sets());
   const NamesByNamespace declared = namesByNamespace(sets);
   std::size_t suggestions = 0;
@@ -175,7 +182,7 @@ Findings findMissingBases(const Subject& subject) {
   std::optional<DeclaredGroups> groups;
   for (const DictionaryIndex::Set* set : subject.sets()) {
     const auto base = subject.index().missingBaseOf(*set);
-    if (!base) continue;
+    if (!base || hasPassedOver(subject)) continue;
     if (!groups) groups = declaredGroups(subject);
     findings.push_back(missingBase(*set, printable(*base), *groups));
   }

@@ -7,6 +7,10 @@ namespace MXF::Tessel::Tool {
 void TroubleReport::tell(const LoadRecord& record) {
   if (record.failure) return tellFailure(record);
   if (output_.quiet) return;
+  if (record.isPassedOver) {
+    if (told_.insert(*record.warning).second) tellNote(record.file.path, "The file " + *record.warning + ".");
+    return;
+  }
   if (record.warning) reportProblem(output_, record.file.path, Style::Warning, *record.warning);
   if (record.leftOut) tellLeftOutGroups(record);
 }

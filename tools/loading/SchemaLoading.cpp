@@ -6,6 +6,7 @@
 #include <MetaMetadata/Loading/XSDDictionaryLoader2.h>
 #include <Utils/TextConversion.h>
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -58,8 +59,25 @@ std::optional<Failure> tryToLoad(XSDDictionaryLoader2& loader, LoadRecord& recor
   return record.failure ? std::nullopt : failure;
 }
 
+void passOver(LoadRecord& record) {
+  record.failure.reset();
+  record.isPassedOver = true;
+  record.warning =
+      "is not of the URN flavour, or needs a file that is not: none such is loaded, since the multiplex schema, which "
+      "tells the flavour, failed to load";
+}
+
+/// Whether a scheme failed for want of an element that a file which was passed over may declare.
+bool mayLackPassedOver(const Failure& failure, const LoadOutcome& outcome) {
+  return failure.className == "NotFound" &&
+         std::any_of(outcome.loads.begin(), outcome.loads.end(), [](const LoadRecord& load) {
+           return load.isPassedOver && load.file.kind == FileKind::Dictionary;
+         });
+}
+
 void explainNothing(LoadRecord& record, const LoadRequest& request, const LoadOutcome& outcome) {
   NothingLoaded nothing = whyNothingLoaded(record.file, outcome.targetNamespace, request.abstractGroupsIfPossible);
+  if (nothing.isOfOtherFlavour && !isFlavourKnown(outcome)) return passOver(record);
   if (!nothing.isMistake) {
     record.warning = nothing.text;
     return;
@@ -91,11 +109,13 @@ LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, co
     const Templates::WideString path = Utils::stringToWstring(file.path.c_str());
     record.leftOut = findLeftOutGroups(path, *withAbstractGroups, outcome.targetNamespace);
   }
+  if (record.failure && mayLackPassedOver(*record.failure, outcome)) passOver(record);
   if (record.failure) {
     findPlace(file, *record.failure);
     record.explanation = explainFailure(record, outcome, request.abstractGroups);
     record.sameAs = sameFailureBefore(*record.failure, outcome.loads);
-  } else if (file.kind != FileKind::Multiplex && countDeclared(file.kind, outcome.dictionary) == before) {
+  } else if (!record.isPassedOver && file.kind != FileKind::Multiplex &&
+             countDeclared(file.kind, outcome.dictionary) == before) {
     explainNothing(record, request, outcome);
   }
   return record;
@@ -113,6 +133,11 @@ const char* fileKindName(FileKind kind) {
       break;
   }
   return "scheme";
+}
+
+bool isFlavourKnown(const LoadOutcome& outcome) {
+  return std::none_of(outcome.loads.begin(), outcome.loads.end(),
+                      [](const LoadRecord& load) { return load.file.kind == FileKind::Multiplex && load.failure; });
 }
 
 bool loadSchemas(const LoadRequest& request, LoadOutcome& outcome,

@@ -43,9 +43,11 @@ struct LoadRecord {
   SchemaFile file;
   /// A file of another kind or flavour than it was given as fails, too: with wrongFileClass.
   std::optional<Failure> failure;
-  Explanation explanation;               ///< Of the failure.
-  std::optional<std::size_t> sameAs;     ///< Number of the load that met the same fault of the same document before.
-  std::optional<std::string> warning;    ///< Why a load that may be meant so added nothing; the rest of a sentence.
+  Explanation explanation;             ///< Of the failure.
+  std::optional<std::size_t> sameAs;   ///< Number of the load that met the same fault of the same document before.
+  std::optional<std::string> warning;  ///< Why a load that may be meant so added nothing; the rest of a sentence.
+  /// The warning is that the flavour is not known and the file, or what it needs, is of another than the URN flavour.
+  bool isPassedOver = false;
   std::optional<LeftOutGroups> leftOut;  ///< When it failed to load with abstract groups, and not without them.
 };
 
@@ -56,6 +58,9 @@ struct LoadOutcome {
   std::vector<LoadRecord> loads;          ///< In the order in which they were tried.
   MetaMetadata::Dictionary dictionary;
 };
+
+/// Whether no multiplex schema, which tells the flavour, has failed to load.
+bool isFlavourKnown(const LoadOutcome& outcome);
 
 /// Loads the files of the request with one loader into one dictionary, the multiplex first.
 /// @param onTrouble  called for each load that fails, that there is a warning of, or that leaves out abstract
