@@ -7,10 +7,9 @@ import unittest
 import jsonschema
 
 from json_test import shipped_files
-from support import (GROUPS, REGISTRY_MULTIPLEX, SOURCE, ToolTest, attribute, dictionary, element, group, key, label,
-                     multiplex, reference, scheme)
+from support import (GROUPS, REGISTRY_MULTIPLEX, CheckTest, attribute, dictionary, element, group, in_registry_flavour,
+                     key, label, multiplex, reference, schema_arguments, scheme)
 
-SCHEMA = json.loads((SOURCE / "docs/check.schema.json").read_text(encoding="utf-8"))
 TEXT = {"type": "object", "required": ["text"], "properties": {"text": {"type": "string", "minLength": 1}}}
 LOCATION = {
     "type": "object", "required": ["physicalLocation"],
@@ -53,27 +52,7 @@ SARIF = {
                         "relatedLocations": {"type": "array", "minItems": 1, "items": LOCATION}}}}}}}}}
 
 
-def schema_arguments(files):
-    return [part for name in files for part in ("--dictionary" if name.startswith("d") else "--scheme", name)]
-
-
-def in_registry_flavour(text):
-    text = text.replace("Groups::D", "Groups:D").replace("Groups:MetadataElement", "Groups:Property")
-    return re.sub("urn:SMPTE:MXF:XMLInterface:(Dictionary|Groups):", r"http://www.smpte-ra.org/schemas/434/\1/", text)
-
-
-class Check(ToolTest):
-    def findings(self, *names, options=()):
-        _, output, errors = self.run_tool("check", *schema_arguments(names), "--format", "json", *options)
-        self.assertEqual(errors, b"")
-        result = json.loads(output)
-        jsonschema.Draft202012Validator(SCHEMA).validate(result)
-        return result["findings"]
-
-    def place(self, name, text):
-        before = (self.folder / name).read_text(encoding="utf-8").partition(text)[0]
-        return {"path": name, "line": before.count("\n") + 1, "column": len(before) - (before.rfind("\n") + 1) + 1}
-
+class Check(CheckTest):
     def test_both_places_of_clashes(self):
         versions = element(9, "Old", name="Same") + "\n" + element(9, "New", name="Same").replace(
             label(9), label(9).replace("34.01.01.01.01", "34.01.01.01.02"))
@@ -246,27 +225,6 @@ class Check(ToolTest):
         self.assertEqual([(other["place"]["path"], other["message"]) for other in found[0]["related"]],
                          [("heir.xsd", 'met while loading this file, which has "Own"')])
 
-    def test_base_types_that_have_no_group_by_their_name(self):
-        plain = '<xs:complexType name="PlainType" abstract="true"/>'
-        keyed = group(1, "Keyed").replace('name="', 'abstract="true" name="', 1)
-        heir = group(2, "Heir", base="Plain") + plain
-        misspelled = group(3, "A") + group(4, "B", base="A").replace('base="g:', 'base="')
-        write = 'Write the base as "g:AType", just as group "A" writes its type'
-        self.write("d.xsd", dictionary(element(1, "A")))
-        self.write("base.xsd", scheme(keyed))
-        declare = "Declare a group of that type, with a key: "
-        for text, rules, remedy in (
-                (heir, [], ""),
-                (heir + f'<xs:import namespace="{GROUPS}" schemaLocation="base.xsd"/>', ["left-out-abstract"], declare),
-                (heir + keyed, ["left-out-abstract"], declare), (misspelled, ["missing-base"], write),
-                (misspelled + keyed, ["left-out-abstract"], write)):
-            self.write("s.xsd", scheme(text))
-            found = self.findings("d.xsd", "s.xsd", options=["--disable", "unused-element"])
-            self.assertEqual([(finding["rule"], finding["remedy"][:len(remedy)]) for finding in found],
-                             [(rule, remedy) for rule in rules])
-            notes = self.run_tool("explain", "Keyed", *schema_arguments(["d.xsd", "s.xsd"]))[2].decode()
-            self.assertEqual(notes.count(" are left out, since no group has "), len(rules))
-
     def test_annotations_of_the_other_flavour(self):
         other = "http://www.smpte-ra.org/schemas/434/Groups/"
         old = "urn:SMPTE:MXF:XMLInterface:Groups:"
@@ -279,26 +237,6 @@ class Check(ToolTest):
         self.assertEqual([(finding["rule"], finding["place"]["line"], finding["message"].rpartition(": ")[2])
                           for finding in found],
                          [("other-flavour", 2, "PropertyRequiredStatus."), ("other-flavour", 3, "LocalTag.")])
-
-    def test_nothing_is_told_of_a_flavour_that_is_not_known(self):
-        self.write("m.xsd", multiplex("urn:x:none"))
-        self.write("d1.xsd", dictionary(element(1, "A"), reference(2, "R", "H")))
-        self.write("d2.xsd", in_registry_flavour(dictionary(element(3, "B"))))
-        self.write("s1.xsd", scheme(group(1, "G", attribute("A"), attribute("R"), attribute("A").replace(
-            "urn:SMPTE:MXF:XMLInterface:Groups:MetadataElement", "http://www.smpte-ra.org/schemas/434/Groups/Property"))))
-        self.write("s2.xsd", in_registry_flavour(scheme(group(2, "H", attribute("B")))))
-        self.write("s3.xsd", scheme(group(3, "I", attribute("B"))))
-        options = ["--multiplex", "m.xsd"]
-        for names, told in ((["d1.xsd", "s1.xsd"], "all was examined in the URN flavour."),
-                            (["d1.xsd", "d2.xsd", "s1.xsd", "s2.xsd", "s3.xsd"],
-                             "3 files of another than the URN flavour were not examined.")):
-            found = self.findings(*names, options=options)
-            rules = [] if len(names) > 2 else ["unresolved-reference"]
-            self.assertEqual([finding["rule"] for finding in found], ["load-failed"] + rules)
-            self.assertTrue(found[0]["remedy"].endswith(told), found[0]["remedy"])
-        status, _, errors = self.run_tool("dump", "--keep-going", *options, *schema_arguments(names))
-        self.assertEqual((status, re.findall(r"^(\S+): (error|warning|note):", errors.decode(), re.MULTILINE)),
-                         (1, [("m.xsd", "error"), ("m.xsd", "note"), ("d2.xsd", "note")]))
 
     def test_what_was_probably_meant(self):
         self.write("d.xsd", dictionary(element(1, "A"), reference(2, "R", "Bax", "None"),
