@@ -235,6 +235,13 @@ class Explanations(ToolTest):
             "With --abstract-groups every": abstract.replace(key(1), ""),
             'Write the base as "g:HType"': group(1, "G", base="H").replace('base="g:', 'base="') + group(2, "H"),
             "Declare the type, or import": group(1, "G", base="Other"),
+            "The xs:include at line 2 is not followed: declare the type in this file":
+                '\n<xs:include schemaLocation="o.xsd"/>' + group(1, "G", base="Other"),
+            "The xs:redefine at line 1 is not followed":
+                '<xs:redefine schemaLocation="o.xsd"/>' + group(1, "G").replace('name="GType"', 'name="Other"'),
+            "The type stands inside the group: move its": re.sub(
+                ' type=.*?(<xs:annotation>.*)</xs:element>(.*) name="GType"(.*)', r">\1\2\3</xs:element>", group(1, "G")),
+            "Give the group a type": group(1, "G").replace(' type="g:GType"', ""),
             "correct the reference": group(1, "G", attribute("None"))}
         for expected, text in elements.items():
             self.write("d2.xsd", dictionary(text))

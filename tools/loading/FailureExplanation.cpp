@@ -7,6 +7,7 @@
 #include "loading/DuplicateDeclarations.h"
 #include "loading/EncodingFault.h"
 #include "loading/MissingElement.h"
+#include "loading/MissingType.h"
 #include "loading/NothingLoaded.h"
 #include "loading/SchemaDocument.h"
 #include "text/Unicode.h"
@@ -220,8 +221,8 @@ std::string remedyOfValue(const Case& fault) {
   return blanksAround(fault.value) + "Correct the text of the annotation; its form is that of the element's type.";
 }
 
-std::string remedyOfMissingType(const Case& /*fault*/) {
-  return "Declare the type, or import the schema that does with its schemaLocation.";
+std::string remedyOfNoType(const Case& fault) {
+  return remedyOfMissingType(fault.failure());
 }
 
 std::string remedyOfTypeCircle(const Case& /*fault*/) {
@@ -285,7 +286,7 @@ constexpr Row rows[] = {
     {"SchemeDataMissingException", L"MetaMetadataSet without RequiredStatus.", remedyOfMissingStatus},
     {"SchemeDataMissingException", L"Definition of type ", remedyOfBaseGroup},
     {"SchemeDataMissingException", L"*is its own base type", remedyOfTypeCircle},
-    {"SchemeDataMissingException", L"*was not found", remedyOfMissingType},
+    {"SchemeDataMissingException", L"*was not found", remedyOfNoType},
     {"SchemeDataMissingException", L"Scheme document without target namespace", remedyOfTargetNamespace},
     {"InvalidValue", L"Unknown required status: ", remedyOfStatus},
     {"InvalidValue", L"Invalid local tag: ", remedyOfLocalTag},
