@@ -28,6 +28,12 @@ class CheckLoading(CheckTest):
             notes = self.run_tool("explain", "Keyed", *schema_arguments(["d.xsd", "s.xsd"]))[2].decode()
             self.assertEqual(notes.count(" are left out, since no group has "), len(rules))
 
+    def test_a_wrong_root_is_told_once(self):
+        for root, rules in (("svg", ["load-failed"]), ("xs:svg xmlns:xs='urn:x'", ["wrong-root", "empty-dictionary"])):
+            self.write("d.xsd", f"<{root} targetNamespace='urn:x'/>")
+            self.assertEqual([finding["rule"] for finding in self.findings("d.xsd") if finding["rule"] != "no-declarations"],
+                             rules)
+
     def test_nothing_is_told_of_a_flavour_that_is_not_known(self):
         self.write("m.xsd", multiplex("urn:x:none"))
         self.write("d1.xsd", dictionary(element(1, "A"), reference(2, "R", "H")))

@@ -115,6 +115,16 @@ std::string withoutHere(const std::string& place) {
   return place.substr(0, 2) == "./" ? place.substr(2) : place;
 }
 
+/// Whether a file failed to load for a fault of this place, which tells more of it.
+bool hasFailedAt(const Place& place, const Subject& subject) {
+  const auto& loads = subject.outcome().loads;
+  return std::any_of(loads.begin(), loads.end(), [&](const LoadRecord& load) {
+    if (!load.failure || !load.failure->place.isKnown()) return false;
+    const Place failed = placeAt(load.failure->place);
+    return failed.path == place.path && failed.line == place.line && failed.column == place.column;
+  });
+}
+
 bool isWrongFile(const LoadRecord& load) {
   return load.failure && load.failure->className == wrongFileClass;
 }
@@ -151,7 +161,7 @@ Findings findWrongRoots(const Subject& subject) {
                               encode(printable(*scan.wrongPrefix)) + ", and not for " + narrowSource(schemaNamespace) +
                               "."});
     }
-    if (!root) continue;
+    if (!root || hasFailedAt({path, root->position.first, root->position.second}, subject)) continue;
     const std::string given =
         '"' + encode(printable(root->name)) + "\" of " +
         (root->namespaceUri.empty() ? "no namespace" : "namespace " + encode(printable(root->namespaceUri)));
