@@ -222,6 +222,7 @@ class Explanations(ToolTest):
             'The element within the collection has the type "t:Nothing"': reference(2, "B").replace(
                 "StrongRefHolder", "Array").replace("<xs:choice></xs:choice>", '<xs:sequence><xs:element name="I" '
                                                     'type="t:Nothing"/></xs:sequence>'),
+            "It is empty, but for blanks. Write a label": good.replace(label(2), " "),
             "Dictionary:ElementName": good.replace("ElementName", "Name"),
             "Dictionary:ElementUL": good.replace(label(2), "")}
         abstract = group(1, "G").replace('type="g:GType"', 'type="g:GType" abstract="true"')
@@ -251,11 +252,15 @@ class Explanations(ToolTest):
             self.assertIn(expected, " ".join(self.notes("d.xsd", "s.xsd", options=["--abstract-groups"])))
         (self.folder / "d").mkdir()
         os.mkfifo(self.folder / "dfifo")
-        for name, expected in (("d", "directory"), ("dx", "is not there"), ("dfifo", "only regular files are read")):
+        (self.folder / "dloop").symlink_to("dloop")
+        (self.folder / "dlink").symlink_to("dx")
+        for name, expected in (("d", "directory"), ("dx", "is not there"), ("dfifo", "only regular files are read"),
+                               ("dloop", "is a loop of symbolic links"), ("dlink", "a symbolic link to a file that is not")):
             self.assertIn(expected, " ".join(self.notes(name)))
         for kind, root, note in (("--dictionary", "schema xmlns='http://www.w3.org/2001/XMLSchema'", "the root must bind"),
                                  ("--scheme", "x:schema xmlns:x='http://www.w3.org/2001/XMLSchema'", "the root must bind"),
-                                 ("--dictionary", "html", 'The file is no XML Schema: its root is "html".')):
+                                 ("--dictionary", "html", 'The file is no XML Schema: its root is "html".'),
+                                 ("--dictionary", "schema xmlns='u'", 'its root is "schema" of namespace u.')):
             self.write("n.xsd", f"<!-- -->\n <{root} targetNamespace='urn:x'/>")
             errors = self.run_tool("dump", kind, "n.xsd")[2].decode()
             self.assertRegex(errors, r"\An\.xsd:2:2: error: .*No namespace for prefix 'xs'.*\nn\.xsd:2:2: note: .*" + note)
@@ -294,6 +299,9 @@ class Explanations(ToolTest):
                 (declared.replace("UTF-8", "ISO-8859-1").encode() + b"<\xfc>", "note: Correct the XML."),
                 ((declared.replace("8", "16") + "<a>").encode("utf-16"), "note: Correct the XML."),
                 (b"<a>" * 300 + b"\xfc", "d.xsd:1:772: note: The file is refused since it exceeds a limit"),
+                (b"<xs:a/>", 'note: Bind the prefix at the root of the schema: xmlns:xs="http://www.w3.org/2001/XMLSchema".'),
+                (b"<xsd:a/>", 'xmlns:xsd="http://www.w3.org/2001/XMLSchema", and the prefix xs, by which'),
+                (b"<a q:b=''/>", 'xmlns:q="its namespace".'),
                 (b"<!DOCTYPE a [<!ENTITY b ''>]><a>" + b"&b;" * 10001 + b"</a>", "note: The file is refused since it")):
             with self.subTest(note):
                 (self.folder / "d.xsd").write_bytes(content)

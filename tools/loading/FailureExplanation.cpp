@@ -58,6 +58,7 @@ void atFault(const Case& fault, const Action& action) {
 
 std::string blanksAround(const WideString& value) {
   constexpr const wchar_t* blanks = L" \t\r\n";
+  if (!value.empty() && value.find_first_not_of(blanks) == WideString::npos) return "It is empty, but for blanks. ";
   const bool hasBlanks =
       !value.empty() && (value.find_first_not_of(blanks) != 0 || value.find_last_not_of(blanks) + 1 != value.size());
   return hasBlanks ? "Take out the blanks around the value; they count. " : "";
@@ -75,7 +76,14 @@ std::string remedyOfIoError(const Case& fault) {
   const std::string what = path == fault.record.file.path ? "The file" : "The imported file";
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored)) return what + " is a directory; name a file in it.";
-  const bool isThere = std::filesystem::exists(path, ignored);
+  std::error_code error;
+  const bool isThere = std::filesystem::exists(path, error);
+  if (error == std::errc::too_many_symbolic_link_levels) {
+    return what + " is a loop of symbolic links; let them lead to a file.";
+  }
+  if (!isThere && std::filesystem::is_symlink(path, ignored)) {
+    return what + " is a symbolic link to a file that is not there.";
+  }
   if (isThere && !std::filesystem::is_regular_file(path, ignored)) {
     return what + " is a pipe or device; only regular files are read, so write its content into one.";
   }
@@ -92,12 +100,25 @@ std::string remedyOfPrefix(const Case& fault) {
   atFault(fault, [&](const DOMElement& root) {
     const XMLCh* uri = root.getNamespaceURI();
     if (isNamed(root, u"schema") && uri != nullptr && uri == schemaNamespace) return;
-    isNoSchema = "The file is no XML Schema: its root is " + inQuotes(XMLUtils::toWstring(root.getNodeName())) + ".";
+    isNoSchema = "The file is no XML Schema: its root is " + inQuotes(XMLUtils::toWstring(root.getNodeName()));
+    if (isNamed(root, u"schema"))
+      isNoSchema += " of " + (uri == nullptr ? "no namespace" : "namespace " + narrow(XMLUtils::toWstring(uri)));
+    isNoSchema += ".";
   });
   if (!isNoSchema.empty()) return isNoSchema;
   return "Schemas are searched with the prefix xs, so that the root must bind it, beside any other prefix: "
          "xmlns:xs=\"" +
          narrowSource(schemaNamespace) + "\".";
+}
+
+/// Of the name of an XML element or attribute; the document cannot be looked into then.
+std::string remedyOfUnboundPrefix(const Case& fault) {
+  const WideString prefix = fault.value.substr(0, fault.value.find(L'\''));
+  std::string uri = "its namespace";
+  if (prefix == L"xs" || prefix == L"xsd") uri = narrowSource(schemaNamespace);
+  if (prefix == L"xsi") uri = narrowSource(schemaNamespace) + "-instance";
+  return "Bind the prefix at the root of the schema: xmlns:" + narrow(prefix) + "=\"" + uri + "\"" +
+         (prefix == L"xsd" ? ", and the prefix xs, by which declarations are looked for, too." : ".");
 }
 
 std::string remedyOfXml(const Case& fault) {
@@ -270,7 +291,9 @@ constexpr Row rows[] = {
     {"IOError", L"", remedyOfIoError},
     {"XQillaException", L"*No namespace for prefix 'xs'", remedyOfPrefix},
     {"ParseError", L"*No namespace for prefix 'xs'", remedyOfPrefix},
+    {"ParseError", L"*prefix '", remedyOfUnboundPrefix},
     {"ParseError", L"", remedyOfXml},
+    {"SAXParseException", L"*prefix '", remedyOfUnboundPrefix},
     {"SAXParseException", L"", remedyOfXml},
     {"MetaElementAlreadyLoaded", L"", remedyOfDuplicateElement},
     {"MetaMetadataSetAlreadyLoaded", L"", remedyOfDuplicateSet},
