@@ -266,7 +266,8 @@ class Explanations(ToolTest):
             self.assertRegex(errors, r"\An\.xsd:2:2: error: .*No namespace for prefix 'xs'.*\nn\.xsd:2:2: note: .*" + note)
 
     def test_what_a_reference_that_leads_nowhere_says(self):
-        self.write("d.xsd", dictionary(element(1, "A")))
+        bare = element(2, "Bare").replace("ElementUL", "Elements")
+        self.write("d.xsd", dictionary(element(1, "A"), "\n", bare))
         good = scheme(group(1, "G", attribute("A")))
         for text, note in (
                 (good.replace('xmlns:e="urn:x:elements"', 'xmlns:e="urn:x:other"'),
@@ -276,6 +277,8 @@ class Explanations(ToolTest):
                  'in the namespace "urn:x:elements": write the reference with the prefix e.'),
                 (good.replace("e:A", "A"), 'The reference has no prefix, and no default namespace counts. An element "A" is '
                  'loaded in the namespace "urn:x:elements": write the reference with the prefix e.'),
+                (good.replace("e:A", "e:Bare"), "It is declared at d.xsd:2:1 without a label: give it one there, in the "
+                 "annotation urn:SMPTE:MXF:XMLInterface:Dictionary:ElementUL."),
                 (good.replace("e:A", "e:B"), 'Load the schema that declares the element before this one, or correct '
                  'the reference. Here e stands for "urn:x:elements".')):
             self.write("s.xsd", text)
