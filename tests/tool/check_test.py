@@ -261,6 +261,7 @@ class Check(CheckTest):
 
         self.write("d.xsd", dictionary(element(1, "A"), element(2, "B")).replace("XMLInterface:", "XMLInterfaces:"))
         remedies = {finding["rule"]: finding["remedy"] for finding in self.findings("d.xsd")}
+        self.assertEqual(list(remedies)[:2], ["no-declarations", "empty-dictionary"])  # the reason first
         urn = "urn:SMPTE:MXF:XMLInterface:Dictionary:ElementUL"
         self.assertIn(f'annotate its elements with "{urn}"', remedies["no-declarations"])
         self.assertIn(f'Did you mean "{urn}"?', remedies["no-declarations"])
