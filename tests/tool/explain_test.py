@@ -69,9 +69,15 @@ class Explain(ToolTest):
                 ("urn:x:track", []), ("x:track", [("Track 1", "part")]),
                 ("Alhpa Value", [("Alpha Value", "spelling")]),
                 ("alpha", [("Alpha Value", "part"), ("Track 1", "part")]),
-                ("nothing like it", []), ("7F", []), ("", [])]:
+                ("nothing like it", []), ("7F", []),
+                ("*", [(name, "pattern") for name in ("Alpha Value", "Own", "Ref", "Track 1", "Root Set", "Leaf Set",
+                                                      "Other Set")])]:
             with self.subTest(question):
                 self.assertEqual(self.near(question), expected)
+        for question in ("", " \t"):
+            status, output, errors = self.run_tool("explain", question, *self.files)
+            self.assertEqual((status, output), (2, b""))
+            self.assertIn(b"nothing to explain", errors)
 
     def test_an_element(self):
         entry = self.explain("A")["elements"][0]

@@ -188,7 +188,8 @@ Findings findEmptyDictionary(const Subject& subject) {
   const bool isGiven = std::any_of(loads.begin(), loads.end(),
                                    [](const LoadRecord& load) { return load.file.kind == FileKind::Dictionary; });
   Findings findings{{placeOf(loads.back()), "No element was loaded from this file or those before it."}};
-  if (isGiven) findings.back().remedy = "Correct what is given with --dictionary, as no-declarations tells of each file.";
+  if (isGiven)
+    findings.back().remedy = "Correct what is given with --dictionary, as no-declarations tells of each file.";
   return findings;
 }
 
