@@ -111,7 +111,7 @@ std::string remedyOfMissingElement(const Failure& failure, const WideString& ref
 
   const WideString name = reference.substr(hasPrefix ? colon + 1 : 0);
   if (binding != prefixes.end()) {
-    const std::string remedy = remedyOfMissingLabel(binding->second, name, outcome);
+    std::string remedy = remedyOfMissingLabel(binding->second, name, outcome);
     if (!remedy.empty()) return remedy;
   }
   const std::set<WideString> declaring = namespacesOf(name, outcome.dictionary);
