@@ -7,10 +7,9 @@ import unittest
 import jsonschema
 
 from json_test import shipped_files
-from support import (GROUPS, REGISTRY_MULTIPLEX, SOURCE, ToolTest, attribute, dictionary, element, group, key, label,
-                     multiplex, reference, scheme)
+from support import (GROUPS, REGISTRY_MULTIPLEX, CheckTest, attribute, dictionary, element, group, in_registry_flavour,
+                     key, label, multiplex, reference, schema_arguments, scheme)
 
-SCHEMA = json.loads((SOURCE / "docs/check.schema.json").read_text(encoding="utf-8"))
 TEXT = {"type": "object", "required": ["text"], "properties": {"text": {"type": "string", "minLength": 1}}}
 LOCATION = {
     "type": "object", "required": ["physicalLocation"],
@@ -53,22 +52,7 @@ SARIF = {
                         "relatedLocations": {"type": "array", "minItems": 1, "items": LOCATION}}}}}}}}}
 
 
-def schema_arguments(files):
-    return [part for name in files for part in ("--dictionary" if name.startswith("d") else "--scheme", name)]
-
-
-class Check(ToolTest):
-    def findings(self, *names, options=()):
-        _, output, errors = self.run_tool("check", *schema_arguments(names), "--format", "json", *options)
-        self.assertEqual(errors, b"")
-        result = json.loads(output)
-        jsonschema.Draft202012Validator(SCHEMA).validate(result)
-        return result["findings"]
-
-    def place(self, name, text):
-        before = (self.folder / name).read_text(encoding="utf-8").partition(text)[0]
-        return {"path": name, "line": before.count("\n") + 1, "column": len(before) - (before.rfind("\n") + 1) + 1}
-
+class Check(CheckTest):
     def test_both_places_of_clashes(self):
         versions = element(9, "Old", name="Same") + "\n" + element(9, "New", name="Same").replace(
             label(9), label(9).replace("34.01.01.01.01", "34.01.01.01.02"))
@@ -104,9 +88,12 @@ class Check(ToolTest):
         self.write("d4.xsd", dictionary(element(4, "D")))
         self.write("s1.xsd", scheme(group(1, "G", attribute("D"))))
         self.write("s2.xsd", scheme(group(1, "G", attribute("D"))))
-        found = self.findings("d1.xsd", "d1.xsd", "d2.xsd", "d3.xsd", "d4.xsd", "s1.xsd", "dx.xsd", "s2.xsd")
-        self.assertEqual((found[0]["related"], found[0]["remedy"][:9]), ([], "Leave one"))
-        del found[0]
+        (self.folder / "dlink").symlink_to("d1.xsd")
+        found = self.findings("d1.xsd", "dlink", "d1.xsd", "d2.xsd", "d3.xsd", "d4.xsd", "s1.xsd", "dx.xsd", "s2.xsd")
+        for finding, before in zip(found, (".", ", before as d1.xsd.")):
+            self.assertEqual((finding["related"], finding["remedy"]),
+                             ([], "Leave one of the two out: this file is given twice" + before))
+        del found[:2]
         self.assertEqual([finding["rule"] for finding in found], ["load-failed"] * 4)  # and not that A is unused
         self.assertEqual([finding["place"] for finding in found], [
             self.place("d2.xsd", "<xs:element"), {"path": "d3.xsd", "line": 2, "column": 3},
@@ -142,10 +129,7 @@ class Check(ToolTest):
                          [(self.place("s.xsd", '<xs:element ref="e:T"'), "1.0 &")])
         self.write("m.xsd", multiplex(REGISTRY_MULTIPLEX))
         for name in ("d.xsd", "s.xsd"):
-            text = (self.folder / name).read_text(encoding="utf-8").replace("Groups::D", "Groups:D")
-            text = text.replace("Groups:MetadataElement", "Groups:Property")
-            self.write(name, re.sub("urn:SMPTE:MXF:XMLInterface:(Dictionary|Groups):",
-                                    r"http://www.smpte-ra.org/schemas/434/\1/", text))
+            self.write(name, in_registry_flavour((self.folder / name).read_text(encoding="utf-8")))
         self.assertEqual([finding["rule"] for finding in
                           self.findings("d.xsd", "s.xsd", options=["--multiplex", "m.xsd"])], ["lost-value"])
 
@@ -277,6 +261,7 @@ class Check(ToolTest):
 
         self.write("d.xsd", dictionary(element(1, "A"), element(2, "B")).replace("XMLInterface:", "XMLInterfaces:"))
         remedies = {finding["rule"]: finding["remedy"] for finding in self.findings("d.xsd")}
+        self.assertEqual(list(remedies)[:2], ["no-declarations", "empty-dictionary"])  # the reason first
         urn = "urn:SMPTE:MXF:XMLInterface:Dictionary:ElementUL"
         self.assertIn(f'annotate its elements with "{urn}"', remedies["no-declarations"])
         self.assertIn(f'Did you mean "{urn}"?', remedies["no-declarations"])

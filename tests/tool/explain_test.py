@@ -1,5 +1,6 @@
 """The subcommand explain: what is found, by which texts, and what is told of it."""
 import json
+import re
 import unittest
 
 import jsonschema
@@ -68,9 +69,15 @@ class Explain(ToolTest):
                 ("urn:x:track", []), ("x:track", [("Track 1", "part")]),
                 ("Alhpa Value", [("Alpha Value", "spelling")]),
                 ("alpha", [("Alpha Value", "part"), ("Track 1", "part")]),
-                ("nothing like it", []), ("7F", []), ("", [])]:
+                ("nothing like it", []), ("7F", []),
+                ("*", [(name, "pattern") for name in ("Alpha Value", "Own", "Ref", "Track 1", "Root Set", "Leaf Set",
+                                                      "Other Set")])]:
             with self.subTest(question):
                 self.assertEqual(self.near(question), expected)
+        for question in ("", " \t"):
+            status, output, errors = self.run_tool("explain", question, *self.files)
+            self.assertEqual((status, output), (2, b""))
+            self.assertIn(b"nothing to explain", errors)
 
     def test_an_element(self):
         entry = self.explain("A")["elements"][0]
@@ -144,6 +151,11 @@ class Explain(ToolTest):
         jsonschema.Draft202012Validator(SCHEMA).validate(result)
         self.assertEqual([(a["inheritedFrom"], a["typeNotLoaded"]) for a in result["sets"][0]["attributes"]],
                          [(None, "RootType"), (None, None)])
+        self.write("s.xsd", scheme(re.sub('<xs:element name="Root".*?</xs:element>', "", group(10, "Root", attribute("A"))),
+                                   group(11, "Leaf", base="Root")))
+        status, output, errors = self.run_tool("explain", "Leaf", *self.files)
+        self.assertEqual((status, errors), (0, b""))
+        self.assertIn(b"  Derived from   RootType (a type without a group)\n", output)
 
     def test_text(self):
         status, output, errors = self.run_tool("explain", "Leaf Set", *self.files)

@@ -222,6 +222,7 @@ class Explanations(ToolTest):
             'The element within the collection has the type "t:Nothing"': reference(2, "B").replace(
                 "StrongRefHolder", "Array").replace("<xs:choice></xs:choice>", '<xs:sequence><xs:element name="I" '
                                                     'type="t:Nothing"/></xs:sequence>'),
+            "It is empty, but for blanks. Write a label": good.replace(label(2), " "),
             "Dictionary:ElementName": good.replace("ElementName", "Name"),
             "Dictionary:ElementUL": good.replace(label(2), "")}
         abstract = group(1, "G").replace('type="g:GType"', 'type="g:GType" abstract="true"')
@@ -233,7 +234,15 @@ class Explanations(ToolTest):
             "a set with this key".capitalize(): group(1, "G") + group(1, "H"),
             "in the annotation urn:SMPTE:MXF:XMLInterface:Groups:Key": group(1, "G").replace(key(1), ""),
             "With --abstract-groups every": abstract.replace(key(1), ""),
+            'Write the base as "g:HType"': group(1, "G", base="H").replace('base="g:', 'base="') + group(2, "H"),
             "Declare the type, or import": group(1, "G", base="Other"),
+            "The xs:include at line 2 is not followed: declare the type in this file":
+                '\n<xs:include schemaLocation="o.xsd"/>' + group(1, "G", base="Other"),
+            "The xs:redefine at line 1 is not followed":
+                '<xs:redefine schemaLocation="o.xsd"/>' + group(1, "G").replace('name="GType"', 'name="Other"'),
+            "The type stands inside the group: move its": re.sub(
+                ' type=.*?(<xs:annotation>.*)</xs:element>(.*) name="GType"(.*)', r">\1\2\3</xs:element>", group(1, "G")),
+            "Give the group a type": group(1, "G").replace(' type="g:GType"', ""),
             "correct the reference": group(1, "G", attribute("None"))}
         for expected, text in elements.items():
             self.write("d2.xsd", dictionary(text))
@@ -243,17 +252,22 @@ class Explanations(ToolTest):
             self.assertIn(expected, " ".join(self.notes("d.xsd", "s.xsd", options=["--abstract-groups"])))
         (self.folder / "d").mkdir()
         os.mkfifo(self.folder / "dfifo")
-        for name, expected in (("d", "directory"), ("dx", "is not there"), ("dfifo", "only regular files are read")):
+        (self.folder / "dloop").symlink_to("dloop")
+        (self.folder / "dlink").symlink_to("dx")
+        for name, expected in (("d", "directory"), ("dx", "is not there"), ("dfifo", "only regular files are read"),
+                               ("dloop", "is a loop of symbolic links"), ("dlink", "a symbolic link to a file that is not")):
             self.assertIn(expected, " ".join(self.notes(name)))
         for kind, root, note in (("--dictionary", "schema xmlns='http://www.w3.org/2001/XMLSchema'", "the root must bind"),
                                  ("--scheme", "x:schema xmlns:x='http://www.w3.org/2001/XMLSchema'", "the root must bind"),
-                                 ("--dictionary", "html", 'The file is no XML Schema: its root is "html".')):
+                                 ("--dictionary", "html", 'The file is no XML Schema: its root is "html".'),
+                                 ("--dictionary", "schema xmlns='u'", 'its root is "schema" of namespace u.')):
             self.write("n.xsd", f"<!-- -->\n <{root} targetNamespace='urn:x'/>")
             errors = self.run_tool("dump", kind, "n.xsd")[2].decode()
             self.assertRegex(errors, r"\An\.xsd:2:2: error: .*No namespace for prefix 'xs'.*\nn\.xsd:2:2: note: .*" + note)
 
     def test_what_a_reference_that_leads_nowhere_says(self):
-        self.write("d.xsd", dictionary(element(1, "A")))
+        bare = element(2, "Bare").replace("ElementUL", "Elements")
+        self.write("d.xsd", dictionary(element(1, "A"), "\n", bare))
         good = scheme(group(1, "G", attribute("A")))
         for text, note in (
                 (good.replace('xmlns:e="urn:x:elements"', 'xmlns:e="urn:x:other"'),
@@ -263,6 +277,8 @@ class Explanations(ToolTest):
                  'in the namespace "urn:x:elements": write the reference with the prefix e.'),
                 (good.replace("e:A", "A"), 'The reference has no prefix, and no default namespace counts. An element "A" is '
                  'loaded in the namespace "urn:x:elements": write the reference with the prefix e.'),
+                (good.replace("e:A", "e:Bare"), "It is declared at d.xsd:2:1 without a label: give it one there, in the "
+                 "annotation urn:SMPTE:MXF:XMLInterface:Dictionary:ElementUL."),
                 (good.replace("e:A", "e:B"), 'Load the schema that declares the element before this one, or correct '
                  'the reference. Here e stands for "urn:x:elements".')):
             self.write("s.xsd", text)
@@ -286,6 +302,9 @@ class Explanations(ToolTest):
                 (declared.replace("UTF-8", "ISO-8859-1").encode() + b"<\xfc>", "note: Correct the XML."),
                 ((declared.replace("8", "16") + "<a>").encode("utf-16"), "note: Correct the XML."),
                 (b"<a>" * 300 + b"\xfc", "d.xsd:1:772: note: The file is refused since it exceeds a limit"),
+                (b"<xs:a/>", 'note: Bind the prefix at the root of the schema: xmlns:xs="http://www.w3.org/2001/XMLSchema".'),
+                (b"<xsd:a/>", 'xmlns:xsd="http://www.w3.org/2001/XMLSchema", and the prefix xs, by which'),
+                (b"<a q:b=''/>", 'xmlns:q="its namespace".'),
                 (b"<!DOCTYPE a [<!ENTITY b ''>]><a>" + b"&b;" * 10001 + b"</a>", "note: The file is refused since it")):
             with self.subTest(note):
                 (self.folder / "d.xsd").write_bytes(content)

@@ -2,6 +2,7 @@
 import json
 import os
 import pty
+import re
 import subprocess
 import tempfile
 import threading
@@ -9,8 +10,11 @@ import unittest
 from pathlib import Path
 from xml.sax.saxutils import escape, quoteattr
 
+import jsonschema
+
 TOOL = os.environ["MXF_METADICT"]
 SOURCE = Path(os.environ["TESSELMXF_SOURCE_DIR"])
+CHECK_SCHEMA = json.loads((SOURCE / "docs/check.schema.json").read_text(encoding="utf-8"))
 
 ELEMENTS = "urn:x:elements"
 GROUPS = "urn:x:groups"
@@ -81,6 +85,15 @@ def multiplex(target):
     return schema(target)
 
 
+def in_registry_flavour(text):
+    text = text.replace("Groups::D", "Groups:D").replace("Groups:MetadataElement", "Groups:Property")
+    return re.sub("urn:SMPTE:MXF:XMLInterface:(Dictionary|Groups):", r"http://www.smpte-ra.org/schemas/434/\1/", text)
+
+
+def schema_arguments(files):
+    return [part for name in files for part in ("--dictionary" if name.startswith("d") else "--scheme", name)]
+
+
 class ToolTest(unittest.TestCase):
     """Each test has a folder of its own, in which the tool runs."""
 
@@ -128,3 +141,18 @@ class ToolTest(unittest.TestCase):
         status, output, errors = self.run_tool("dump", "--format", "json", *arguments)
         self.assertEqual((status, errors), (0, b""))
         return json.loads(output)
+
+
+class CheckTest(ToolTest):
+    """Runs check, and gives what it finds as its JSON has it."""
+
+    def findings(self, *names, options=()):
+        _, output, errors = self.run_tool("check", *schema_arguments(names), "--format", "json", *options)
+        self.assertEqual(errors, b"")
+        result = json.loads(output)
+        jsonschema.Draft202012Validator(CHECK_SCHEMA).validate(result)
+        return result["findings"]
+
+    def place(self, name, text):
+        before = (self.folder / name).read_text(encoding="utf-8").partition(text)[0]
+        return {"path": name, "line": before.count("\n") + 1, "column": len(before) - (before.rfind("\n") + 1) + 1}

@@ -18,10 +18,10 @@ std::vector<AttributeSource> AttributeSources::of(const MetaMetadataSet& set) {
   return sources;
 }
 
-std::vector<Templates::WideString> AttributeSources::missingTypes(const MetaMetadataSet& set) {
-  std::vector<Templates::WideString> types;
+std::vector<ExtendedType> AttributeSources::missingTypes(const MetaMetadataSet& set) {
+  std::vector<ExtendedType> types;
   for (const AttributeSource& source : of(set)) {
-    if (source.missingType && (types.empty() || types.back() != *source.missingType)) {
+    if (source.missingType && (types.empty() || !(types.back() == *source.missingType))) {
       types.push_back(*source.missingType);
     }
   }

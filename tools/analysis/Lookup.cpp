@@ -188,7 +188,7 @@ bool fits(std::u32string_view pattern, std::u32string_view text) {
 }
 
 bool isPattern(const std::u32string& text) {
-  return text.find(U'*') != std::u32string::npos && text.find_first_not_of(U"* ") != std::u32string::npos;
+  return text.find(U'*') != std::u32string::npos;
 }
 
 std::optional<Measure> measurePattern(const Entry& entry, const std::u32string& pattern) {

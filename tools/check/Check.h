@@ -19,7 +19,7 @@ struct CheckResult {
   std::size_t elements = 0;
   std::size_t sets = 0;
   bool isIncomplete = false;  ///< A file failed to load.
-  Findings findings;          ///< By rule in the order of the table, so errors first; then in the order of declaration.
+  Findings findings;          ///< By rule in the order of the table; then in the order of declaration.
 
   [[nodiscard]] std::size_t count(Severity severity) const;
 };

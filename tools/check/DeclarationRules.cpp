@@ -87,6 +87,7 @@ Findings findUnknownAnnotations(const Subject& subject) {
 Findings findOtherFlavour(const Subject& subject) {
   const Annotations& other = otherAnnotations(annotationsOf(subject.outcome().targetNamespace));
   Findings findings;
+  if (!isFlavourKnown(subject.outcome())) return findings;
   for (const Templates::WideString& path : subject.schemas()) {
     if (isGivenWrongly(path, subject)) continue;
     for (const DeclarationScan::OtherFlavour& declaration : subject.scanOf(path).otherFlavour) {

@@ -26,6 +26,16 @@ std::string sentence(const std::string& start, const std::string& rest) {
   return encode(printable(start + rest)) + ".";
 }
 
+/// What was not examined since the multiplex schema failed: a sentence.
+std::string passedOverText(const std::vector<LoadRecord>& loads) {
+  const auto count =
+      std::count_if(loads.begin(), loads.end(), [](const LoadRecord& load) { return load.isPassedOver; });
+  if (count == 0) return " The flavour is not known without it; all was examined in the URN flavour.";
+  return " The flavour is not known without it: " + counted(static_cast<std::size_t>(count), std::string("file")) +
+         (count == 1 ? " of another than the URN flavour was" : " of another than the URN flavour were") +
+         " not examined.";
+}
+
 /// The failure as a finding, with the other files that it was met with.
 Finding describe(const std::vector<LoadRecord>& loads, std::size_t number) {
   const LoadRecord& load = loads[number];
@@ -36,6 +46,7 @@ Finding describe(const std::vector<LoadRecord>& loads, std::size_t number) {
   Finding finding(failure.place.isKnown() ? placeAt(failure.place) : placeOf(load),
                   text + " [" + failure.className + "]");
   finding.remedy = encode(printable(load.explanation.remedy));
+  if (load.file.kind == FileKind::Multiplex) finding.remedy += passedOverText(loads);
   for (const PlacedNote& note : load.explanation.related) {
     finding.related.push_back({placeAt(note.place), encode(printable(note.text))});
   }
@@ -104,6 +115,16 @@ std::string withoutHere(const std::string& place) {
   return place.substr(0, 2) == "./" ? place.substr(2) : place;
 }
 
+/// Whether a file failed to load for a fault of this place, which tells more of it.
+bool hasFailedAt(const Place& place, const Subject& subject) {
+  const auto& loads = subject.outcome().loads;
+  return std::any_of(loads.begin(), loads.end(), [&](const LoadRecord& load) {
+    if (!load.failure || !load.failure->place.isKnown()) return false;
+    const Place failed = placeAt(load.failure->place);
+    return failed.path == place.path && failed.line == place.line && failed.column == place.column;
+  });
+}
+
 bool isWrongFile(const LoadRecord& load) {
   return load.failure && load.failure->className == wrongFileClass;
 }
@@ -140,7 +161,7 @@ Findings findWrongRoots(const Subject& subject) {
                               encode(printable(*scan.wrongPrefix)) + ", and not for " + narrowSource(schemaNamespace) +
                               "."});
     }
-    if (!root) continue;
+    if (!root || hasFailedAt({path, root->position.first, root->position.second}, subject)) continue;
     const std::string given =
         '"' + encode(printable(root->name)) + "\" of " +
         (root->namespaceUri.empty() ? "no namespace" : "namespace " + encode(printable(root->namespaceUri)));
@@ -154,7 +175,7 @@ Findings findWrongRoots(const Subject& subject) {
 Findings findFilesWithoutDeclarations(const Subject& subject) {
   Findings findings;
   for (const LoadRecord& load : subject.outcome().loads) {
-    if (!load.warning) continue;
+    if (!load.warning || load.isPassedOver) continue;
     findings.push_back({placeOf(load), sentence("The file ", *load.warning)});
     findings.back().remedy = remedyOfNoAnnotation(load, subject);
   }
@@ -167,7 +188,8 @@ Findings findEmptyDictionary(const Subject& subject) {
   const bool isGiven = std::any_of(loads.begin(), loads.end(),
                                    [](const LoadRecord& load) { return load.file.kind == FileKind::Dictionary; });
   Findings findings{{placeOf(loads.back()), "No element was loaded from this file or those before it."}};
-  if (isGiven) findings.back().remedy = "Annotate the elements of what is given with --dictionary, as is told of it.";
+  if (isGiven)
+    findings.back().remedy = "Correct what is given with --dictionary, as no-declarations tells of each file.";
   return findings;
 }
 
@@ -175,17 +197,18 @@ Findings findLeftOutAbstractGroups(const Subject& subject) {
   Findings findings;
   std::map<std::string, std::size_t> known;  // many schemes may have their bases from one
   for (const LoadRecord& load : subject.outcome().loads) {
-    if (!load.withAbstractGroups) continue;
-    const Failure& failure = *load.withAbstractGroups;
+    if (!load.leftOut || !load.leftOut->isAbstract) continue;
+    const Failure& failure = load.leftOut->failure;
     const Place place = failure.place.isKnown() ? placeAt(failure.place) : placeOf(load);
     const std::string leftOut = abstractGroupsWithKeys(subject.scanOf(placeOf(load).path));
-    const std::string& why = load.whyGroupsAreLeftOut;
+    const std::string& why = load.leftOut->why;
     const auto [finding, isNew] =
         known.emplace(withoutHere(shownPlace(failure.place, load.file.path)) + why, findings.size());
     if (isNew) {
       std::string text = "Abstract groups are left out";
       if (!leftOut.empty()) text.append(" though they have keys (").append(leftOut).append(")");
-      findings.push_back({place, text.append(", since ").append(why).append(".")});
+      findings.push_back({place, encode(printable(text.append(", since ").append(why).append(".")))});
+      findings.back().remedy = encode(printable(load.leftOut->remedy));
     }
     if (!isNew || place.path != placeOf(load).path) {
       findings[finding->second].related.push_back(

@@ -7,6 +7,7 @@
 
 #include <MetaMetadata/PropertyKeys.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 #include <optional>
@@ -133,11 +134,29 @@ Finding missingBase(const DictionaryIndex::Set& set, const std::u32string& key, 
   return finding;
 }
 
+/// Whether sets may be missing for no other reason than that the flavour is not known.
+bool hasPassedOver(const Subject& subject) {
+  const auto& loads = subject.outcome().loads;
+  return std::any_of(loads.begin(), loads.end(), [](const LoadRecord& load) { return load.isPassedOver; });
+}
+
+/// Bases that are declared, but not found by the name that a group gives them.
+Findings misspelledBases(const Subject& subject) {
+  Findings findings;
+  for (const LoadRecord& load : subject.outcome().loads) {
+    if (!load.leftOut || load.leftOut->isAbstract) continue;
+    findings.push_back({placeAt(load.leftOut->failure.place),
+                        encode(printable("The base of this group is left out, since " + load.leftOut->why + "."))});
+    findings.back().remedy = encode(printable(load.leftOut->remedy));
+  }
+  return findings;
+}
+
 }  // namespace
 
 Findings findUnresolvedReferences(const Subject& subject) {
   Findings findings;
-  if (subject.sets().empty()) return findings;
+  if (subject.sets().empty() || hasPassedOver(subject)) return findings;
   const SetsByXmlName sets = setsByXmlName(subject.sets());
   const NamesByNamespace declared = namesByNamespace(sets);
   std::size_t suggestions = 0;
@@ -159,11 +178,11 @@ Findings findUnresolvedReferences(const Subject& subject) {
 }
 
 Findings findMissingBases(const Subject& subject) {
-  Findings findings;
+  Findings findings = misspelledBases(subject);
   std::optional<DeclaredGroups> groups;
   for (const DictionaryIndex::Set* set : subject.sets()) {
     const auto base = subject.index().missingBaseOf(*set);
-    if (!base) continue;
+    if (!base || hasPassedOver(subject)) continue;
     if (!groups) groups = declaredGroups(subject);
     findings.push_back(missingBase(*set, printable(*base), *groups));
   }

@@ -17,8 +17,6 @@ constexpr Rule rules[] = {
     {"wrong-root", Severity::Error, Scope::Files, "The root of a file is not that of an XML Schema.",
      "Correct the root, or its namespace: what reads XML Schemas refuses the file, though it may load here.",
      findWrongRoots},
-    {"empty-dictionary", Severity::Error, Scope::Files, "No file declares an element.",
-     "Give the schemas of elements with --dictionary.", findEmptyDictionary},
     {"shared-xml-name", Severity::Error, Scope::Dictionary, "Two elements, or two sets, have one XML name.",
      "Give one of them another XML name; a schema that refers to this one gets only one of the two.",
      findSharedXmlNames},
@@ -35,6 +33,8 @@ constexpr Rule rules[] = {
      "Name the declaration with the attribute name; groups refer to elements by it.", findNamelessElements},
     {"no-declarations", Severity::Warning, Scope::Files, "A file declares nothing that can be loaded.",
      "Leave the file out, or annotate what it declares.", findFilesWithoutDeclarations},
+    {"empty-dictionary", Severity::Error, Scope::Files, "No file declares an element.",
+     "Give the schemas of elements with --dictionary.", findEmptyDictionary},
     {"left-out-abstract", Severity::Warning, Scope::Files, "The abstract groups of a scheme are left out.",
      "Give it a key: the abstract groups of a scheme are loaded only if all of them, and the groups of all base "
      "types, "

@@ -34,7 +34,7 @@ struct Rule {
   const char* many = nullptr;
 };
 
-/// All rules, errors first.
+/// All rules, errors first; only that of an empty dictionary follows the warnings of why it is empty.
 const std::vector<Rule>& allRules();
 
 /// The rule with that id, or null.

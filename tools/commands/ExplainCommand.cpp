@@ -45,6 +45,11 @@ ExitStatus runExplain(const ExplainRequest& request) {
   });
 }
 
+/// What is wrong with what is asked for; empty when nothing is.
+std::string checkQuestion(const std::string& question) {
+  return question.find_first_not_of(" \t\r\n") == std::string::npos ? "nothing to explain: what is given is empty" : "";
+}
+
 }  // namespace
 
 void declareExplain(CLI::App& tool, Action& action) {
@@ -53,7 +58,10 @@ void declareExplain(CLI::App& tool, Action& action) {
   request->load.documentation = true;
   request->load.lengthDescription = true;
   CLI::App& explain = declareSubcommand(tool, explainHelp, {Formats::text, Formats::json}, request->output);
-  explain.add_option("WHAT", request->question, "Label, key, local tag or name to explain")->required()->type_name("");
+  explain.add_option("WHAT", request->question, "Label, key, local tag or name to explain")
+      ->required()
+      ->type_name("")
+      ->check(checkQuestion);
   declareFileOptions(explain, request->load);
   declareKeepGoing(explain, request->load);
   explain.callback([request, &action] {

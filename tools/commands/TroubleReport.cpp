@@ -7,17 +7,23 @@ namespace MXF::Tessel::Tool {
 void TroubleReport::tell(const LoadRecord& record) {
   if (record.failure) return tellFailure(record);
   if (output_.quiet) return;
+  if (record.isPassedOver) {
+    if (told_.insert(*record.warning).second) tellNote(record.file.path, "The file " + *record.warning + ".");
+    return;
+  }
   if (record.warning) reportProblem(output_, record.file.path, Style::Warning, *record.warning);
-  if (record.withAbstractGroups) tellLeftOutGroups(record);
+  if (record.leftOut) tellLeftOutGroups(record);
 }
 
 void TroubleReport::tellLeftOutGroups(const LoadRecord& record) {
-  const std::string place = shownPlace(record.withAbstractGroups->place, record.file.path);
+  const LeftOutGroups& leftOut = *record.leftOut;
+  const std::string place = shownPlace(leftOut.failure.place, record.file.path);
   // Many schemes may have their bases from one, and so the same reason.
-  if (!told_.insert(place + record.whyGroupsAreLeftOut).second) return;
+  if (!told_.insert(place + leftOut.why).second) return;
   reportProblem(output_, place, Style::Warning,
-                "abstract groups of " + record.file.path + " are left out, since " + record.whyGroupsAreLeftOut +
+                leftOut.what + " of " + record.file.path + " are left out, since " + leftOut.why +
                     "; sets that extend them are shown without these bases");
+  tellNote(place, leftOut.remedy);
 }
 
 void TroubleReport::tellError(const std::string& path, const std::string& text) const {

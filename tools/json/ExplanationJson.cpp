@@ -93,7 +93,7 @@ void addAttribute(Json& json, AttributeSources& sources, const MetaMetadataSet& 
   json["distinguishedValue"] = value == nullptr ? Json() : valueJson(*value);
   json["declaredAt"] = originJson(attribute);
   json["inheritedFrom"] = source.set == &set ? Json() : reference(*source.set);
-  json["typeNotLoaded"] = source.missingType ? jsonString(*source.missingType) : Json();
+  json["typeNotLoaded"] = source.missingType ? jsonString(source.missingType->name) : Json();
 }
 
 Json usesJson(const DictionaryIndex& index, AttributeSources& sources, const MetaElement& element) {

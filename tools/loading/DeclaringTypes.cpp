@@ -5,6 +5,7 @@
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMElement.hpp>
 
+#include <algorithm>
 #include <string>
 
 namespace MXF::Tessel::Tool {
@@ -52,15 +53,18 @@ const DeclaringTypes::Schema& DeclaringTypes::schemaAt(const WideString& path) {
   return schema->second;
 }
 
-std::optional<WideString> DeclaringTypes::extendedType(const MetaMetadata::MetaMetadataSet& set,
-                                                       const MetaMetadata::MetaAttribute& attribute) {
+std::optional<ExtendedType> DeclaringTypes::extendedType(const MetaMetadata::MetaMetadataSet& set,
+                                                         const MetaMetadata::MetaAttribute& attribute) {
   if (!set.origin().isKnown() || !attribute.origin().isKnown()) return std::nullopt;
   const Utils::SourceLocation& group = set.origin();
   const Utils::SourceLocation& property = attribute.origin();
   const auto own = valueOf(schemaAt(group.path()).ofGroups, {group.line(), group.column()});
   const auto declaring = valueOf(schemaAt(property.path()).ofProperties, {property.line(), property.column()});
   if (!own || !declaring || *own == *declaring) return std::nullopt;
-  return declaring->second;
+  const auto& groups = schemaAt(property.path()).ofGroups;
+  const bool hasGroup =
+      std::any_of(groups.begin(), groups.end(), [&](const auto& group) { return group.second == *declaring; });
+  return ExtendedType{declaring->second, hasGroup};
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -12,15 +12,23 @@
 
 namespace MXF::Tessel::Tool {
 
+/// A complex type from which a set has attributes.
+struct ExtendedType {
+  Templates::WideString name;
+  bool hasGroup;  ///< Its schema declares a group of it; otherwise no set can be loaded of it.
+
+  bool operator==(const ExtendedType& other) const { return name == other.name && hasGroup == other.hasGroup; }
+};
+
 /// Which complex types of the schemas declare the attributes of sets. A set holds those that its type inherits, too, and
 /// when the sets of its bases are not loaded nothing but the schema tells them from its own. Each schema is read when it
 /// is first needed, and once.
 class DeclaringTypes {
  public:
-  /// The name of the complex type that declares an attribute of the set, when that is not the set's own type but one
-  /// that it extends; nothing when it is its own, or not known.
-  std::optional<Templates::WideString> extendedType(const MetaMetadata::MetaMetadataSet& set,
-                                                    const MetaMetadata::MetaAttribute& attribute);
+  /// The complex type that declares an attribute of the set, when that is not the set's own type but one that it
+  /// extends; nothing when it is its own, or not known.
+  std::optional<ExtendedType> extendedType(const MetaMetadata::MetaMetadataSet& set,
+                                           const MetaMetadata::MetaAttribute& attribute);
 
  private:
   using Name = std::pair<Templates::WideString, Templates::WideString>;  // namespace and local name

@@ -9,7 +9,9 @@
 #include <XMLUtils/SourcePosition.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 
 namespace MXF::Tessel::Tool {
 
@@ -23,8 +25,11 @@ PlacedNote declaredHere(const SourceLocation& place, const WideString& name) {
   return {place, '"' + narrow(name) + "\" is declared here"};
 }
 
+/// Whether two places are one, in one file by whatever paths.
 bool isSamePlace(const SourceLocation& a, const SourceLocation& b) {
-  return a.toString() == b.toString();
+  if (a.line() != b.line() || a.column() != b.column()) return false;
+  std::error_code ignored;
+  return a.path() == b.path() || std::filesystem::equivalent(narrow(a.path()), narrow(b.path()), ignored);
 }
 
 std::optional<PlacedNote> inDictionary(const Failure& failure, const Dictionary& dictionary) {
@@ -80,7 +85,9 @@ void addFirstDeclaration(const Failure& failure, const LoadOutcome& outcome, Exp
   if (!isDuplicate || !failure.place.isKnown()) return;
   std::optional<PlacedNote> first = inDictionary(failure, outcome.dictionary);
   if (first && isSamePlace(first->place, failure.place)) {
-    explanation.remedy = "Leave one of the two out: this declaration was loaded before.";
+    const WideString path = shownPath(first->place.path());
+    explanation.remedy = "Leave one of the two out: this file is given twice" +
+                         (path == shownPath(failure.place.path()) ? "." : ", before as " + narrow(path) + ".");
     return;
   }
   if (!first) {

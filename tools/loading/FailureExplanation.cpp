@@ -7,6 +7,7 @@
 #include "loading/DuplicateDeclarations.h"
 #include "loading/EncodingFault.h"
 #include "loading/MissingElement.h"
+#include "loading/MissingType.h"
 #include "loading/NothingLoaded.h"
 #include "loading/SchemaDocument.h"
 #include "text/Unicode.h"
@@ -57,6 +58,7 @@ void atFault(const Case& fault, const Action& action) {
 
 std::string blanksAround(const WideString& value) {
   constexpr const wchar_t* blanks = L" \t\r\n";
+  if (!value.empty() && value.find_first_not_of(blanks) == WideString::npos) return "It is empty, but for blanks. ";
   const bool hasBlanks =
       !value.empty() && (value.find_first_not_of(blanks) != 0 || value.find_last_not_of(blanks) + 1 != value.size());
   return hasBlanks ? "Take out the blanks around the value; they count. " : "";
@@ -74,7 +76,14 @@ std::string remedyOfIoError(const Case& fault) {
   const std::string what = path == fault.record.file.path ? "The file" : "The imported file";
   std::error_code ignored;
   if (std::filesystem::is_directory(path, ignored)) return what + " is a directory; name a file in it.";
-  const bool isThere = std::filesystem::exists(path, ignored);
+  std::error_code error;
+  const bool isThere = std::filesystem::exists(path, error);
+  if (error == std::errc::too_many_symbolic_link_levels) {
+    return what + " is a loop of symbolic links; let them lead to a file.";
+  }
+  if (!isThere && std::filesystem::is_symlink(path, ignored)) {
+    return what + " is a symbolic link to a file that is not there.";
+  }
   if (isThere && !std::filesystem::is_regular_file(path, ignored)) {
     return what + " is a pipe or device; only regular files are read, so write its content into one.";
   }
@@ -91,12 +100,25 @@ std::string remedyOfPrefix(const Case& fault) {
   atFault(fault, [&](const DOMElement& root) {
     const XMLCh* uri = root.getNamespaceURI();
     if (isNamed(root, u"schema") && uri != nullptr && uri == schemaNamespace) return;
-    isNoSchema = "The file is no XML Schema: its root is " + inQuotes(XMLUtils::toWstring(root.getNodeName())) + ".";
+    isNoSchema = "The file is no XML Schema: its root is " + inQuotes(XMLUtils::toWstring(root.getNodeName()));
+    if (isNamed(root, u"schema"))
+      isNoSchema += " of " + (uri == nullptr ? "no namespace" : "namespace " + narrow(XMLUtils::toWstring(uri)));
+    isNoSchema += ".";
   });
   if (!isNoSchema.empty()) return isNoSchema;
   return "Schemas are searched with the prefix xs, so that the root must bind it, beside any other prefix: "
          "xmlns:xs=\"" +
          narrowSource(schemaNamespace) + "\".";
+}
+
+/// Of the name of an XML element or attribute; the document cannot be looked into then.
+std::string remedyOfUnboundPrefix(const Case& fault) {
+  const WideString prefix = fault.value.substr(0, fault.value.find(L'\''));
+  std::string uri = "its namespace";
+  if (prefix == L"xs" || prefix == L"xsd") uri = narrowSource(schemaNamespace);
+  if (prefix == L"xsi") uri = narrowSource(schemaNamespace) + "-instance";
+  return "Bind the prefix at the root of the schema: xmlns:" + narrow(prefix) + "=\"" + uri + "\"" +
+         (prefix == L"xsd" ? ", and the prefix xs, by which declarations are looked for, too." : ".");
 }
 
 std::string remedyOfXml(const Case& fault) {
@@ -132,8 +154,10 @@ std::string remedyOfGroupKey(const Case& fault) {
   return "Give the group its key in " + annotation(fault.annotations().groupKey) + ".";
 }
 
-std::string remedyOfBaseGroup(const Case& /*fault*/) {
-  return remedyOfAbstractGroup();
+std::string remedyOfBaseGroup(const Case& fault) {
+  const WideString base = fault.value.substr(0, fault.value.find(L','));
+  const std::string remedy = remedyOfSpelling(Utils::stringToWstring(fault.record.file.path.c_str()), base);
+  return remedy.empty() ? remedyOfAbstractGroup() : remedy;
 }
 
 std::string remedyOfMissingStatus(const Case& fault) {
@@ -218,8 +242,8 @@ std::string remedyOfValue(const Case& fault) {
   return blanksAround(fault.value) + "Correct the text of the annotation; its form is that of the element's type.";
 }
 
-std::string remedyOfMissingType(const Case& /*fault*/) {
-  return "Declare the type, or import the schema that does with its schemaLocation.";
+std::string remedyOfNoType(const Case& fault) {
+  return remedyOfMissingType(fault.failure());
 }
 
 std::string remedyOfTypeCircle(const Case& /*fault*/) {
@@ -267,7 +291,9 @@ constexpr Row rows[] = {
     {"IOError", L"", remedyOfIoError},
     {"XQillaException", L"*No namespace for prefix 'xs'", remedyOfPrefix},
     {"ParseError", L"*No namespace for prefix 'xs'", remedyOfPrefix},
+    {"ParseError", L"*prefix '", remedyOfUnboundPrefix},
     {"ParseError", L"", remedyOfXml},
+    {"SAXParseException", L"*prefix '", remedyOfUnboundPrefix},
     {"SAXParseException", L"", remedyOfXml},
     {"MetaElementAlreadyLoaded", L"", remedyOfDuplicateElement},
     {"MetaMetadataSetAlreadyLoaded", L"", remedyOfDuplicateSet},
@@ -283,7 +309,7 @@ constexpr Row rows[] = {
     {"SchemeDataMissingException", L"MetaMetadataSet without RequiredStatus.", remedyOfMissingStatus},
     {"SchemeDataMissingException", L"Definition of type ", remedyOfBaseGroup},
     {"SchemeDataMissingException", L"*is its own base type", remedyOfTypeCircle},
-    {"SchemeDataMissingException", L"*was not found", remedyOfMissingType},
+    {"SchemeDataMissingException", L"*was not found", remedyOfNoType},
     {"SchemeDataMissingException", L"Scheme document without target namespace", remedyOfTargetNamespace},
     {"InvalidValue", L"Unknown required status: ", remedyOfStatus},
     {"InvalidValue", L"Invalid local tag: ", remedyOfLocalTag},

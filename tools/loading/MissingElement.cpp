@@ -3,10 +3,12 @@
 
 #include "loading/MissingElement.h"
 
+#include "loading/Annotations.h"
 #include "loading/SchemaDocument.h"
 #include "text/Unicode.h"
 
 #include <MetaMetadata/PropertyKeys.h>
+#include <Utils/TextConversion.h>
 #include <XMLUtils/TextConversion.h>
 
 #include <xercesc/dom/DOMNamedNodeMap.hpp>
@@ -14,6 +16,7 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <string_view>
 
 namespace MXF::Tessel::Tool {
 
@@ -58,6 +61,29 @@ std::string howToReach(const WideString& uri, const WideString& prefix,
   return "bind " + (prefix.empty() ? "a prefix" : narrow(prefix)) + " to that at the root of the schema";
 }
 
+/// What to do about an element that a dictionary declares without a label, so that it is none: a sentence; empty when no
+/// dictionary that was loaded does so.
+std::string remedyOfMissingLabel(const WideString& uri, const WideString& name, const LoadOutcome& outcome) {
+  const std::u16string_view label = annotationsOf(outcome.targetNamespace).elementLabel;
+  std::string remedy;
+  for (const LoadRecord& load : outcome.loads) {
+    if (load.file.kind != FileKind::Dictionary || load.failure) continue;
+    lookInto(Utils::stringToWstring(load.file.path.c_str()), [&](const xercesc::DOMDocument& document) {
+      const xercesc::DOMElement& schema = *document.getDocumentElement();
+      if (XMLUtils::toWstring(schema.getAttribute(u"targetNamespace")) != uri) return;
+      forEachChild(schema, [&](const xercesc::DOMElement& element) {
+        if (!remedy.empty() || !isNamed(element, u"element") || annotationOf(element, label)) return;
+        if (XMLUtils::toWstring(element.getAttribute(u"name")) != name) return;
+        const DeclarationPosition position = declarationPositionOf(element);
+        remedy = "It is declared at " + load.file.path + ":" + std::to_string(position.first) + ":" +
+                 std::to_string(position.second) + " without a label: give it one there, in the annotation " +
+                 narrowSource(label) + ".";
+      });
+    });
+  }
+  return remedy;
+}
+
 std::string remedyOfAbsence(const LoadOutcome& outcome) {
   if (std::any_of(outcome.loads.begin(), outcome.loads.end(), [](const LoadRecord& before) {
         return before.failure && before.file.kind == FileKind::Dictionary;
@@ -84,6 +110,10 @@ std::string remedyOfMissingElement(const Failure& failure, const WideString& ref
   if (binding != prefixes.end()) text = "Here " + narrow(prefix) + " stands for " + inQuotes(binding->second) + ".";
 
   const WideString name = reference.substr(hasPrefix ? colon + 1 : 0);
+  if (binding != prefixes.end()) {
+    std::string remedy = remedyOfMissingLabel(binding->second, name, outcome);
+    if (!remedy.empty()) return remedy;
+  }
   const std::set<WideString> declaring = namespacesOf(name, outcome.dictionary);
   if (declaring.empty() || (binding != prefixes.end() && declaring.count(binding->second) > 0)) {
     return remedyOfAbsence(outcome) + ' ' + text;

@@ -46,7 +46,7 @@ NothingLoaded wrongFlavour(const SchemaFile& file, const Flavour& used, const Fl
                            other.annotations.flavour + " flavour";
   const std::string choice = howToChoose(other.annotations, file.path);
   const bool isDefault = &other.annotations == &annotationsOf(urnMultiplexNamespace);
-  return {text, (isDefault ? "Leave out --multiplex, or give " : "Add ") + choice + ".", true};
+  return {text, (isDefault ? "Leave out --multiplex, or give " : "Add ") + choice + ".", true, true};
 }
 
 }  // namespace

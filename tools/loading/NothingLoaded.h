@@ -9,6 +9,7 @@ struct NothingLoaded {
   std::string text;    ///< The rest of a sentence that begins with the file.
   std::string remedy;  ///< What to do: a sentence; empty when the text says it.
   bool isMistake;      ///< The file is not what it was given as; otherwise it may be meant so.
+  bool isOfOtherFlavour = false;
 };
 
 /// Looks into the file for it.

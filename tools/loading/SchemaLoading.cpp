@@ -1,12 +1,12 @@
 #include "loading/SchemaLoading.h"
 
 #include "loading/FailureExplanation.h"
-#include "loading/LeftOutGroups.h"
 #include "loading/NothingLoaded.h"
 
 #include <MetaMetadata/Loading/XSDDictionaryLoader2.h>
 #include <Utils/TextConversion.h>
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -43,23 +43,41 @@ std::size_t countDeclared(FileKind kind, const MetaMetadata::Dictionary& diction
   return static_cast<std::size_t>(count);
 }
 
-void tryToLoad(XSDDictionaryLoader2& loader, LoadRecord& record, const LoadRequest& request,
-               MetaMetadata::Dictionary& dictionary) {
+/// @return why the file failed to load with abstract groups, when it was loaded without them after that.
+std::optional<Failure> tryToLoad(XSDDictionaryLoader2& loader, LoadRecord& record, const LoadRequest& request,
+                                 MetaMetadata::Dictionary& dictionary) {
   const bool mayDoWithout = request.abstractGroupsIfPossible && !request.abstractGroups;
   loader.loadAbstractGroups(request.abstractGroups || request.abstractGroupsIfPossible);
   const std::size_t before = countDeclared(record.file.kind, dictionary);
   record.failure = failureOf([&] { loadFile(loader, record.file, dictionary); });
-  if (!record.failure || !mayDoWithout || record.file.kind != FileKind::Scheme) return;
+  if (!record.failure || !mayDoWithout || record.file.kind != FileKind::Scheme) return std::nullopt;
   // What got into the dictionary would be in the way of itself.
-  if (countDeclared(record.file.kind, dictionary) != before) return;
+  if (countDeclared(record.file.kind, dictionary) != before) return std::nullopt;
   loader.loadAbstractGroups(false);
   std::optional<Failure> failure = failureOf([&] { loadFile(loader, record.file, dictionary); });
-  if (!failure) record.withAbstractGroups = std::move(record.failure);
-  record.failure = std::move(failure);
+  std::swap(record.failure, failure);
+  return record.failure ? std::nullopt : failure;
+}
+
+void passOver(LoadRecord& record) {
+  record.failure.reset();
+  record.isPassedOver = true;
+  record.warning =
+      "is not of the URN flavour, or needs a file that is not: none such is loaded, since the multiplex schema, which "
+      "tells the flavour, failed to load";
+}
+
+/// Whether a scheme failed for want of an element that a file which was passed over may declare.
+bool mayLackPassedOver(const Failure& failure, const LoadOutcome& outcome) {
+  return failure.className == "NotFound" &&
+         std::any_of(outcome.loads.begin(), outcome.loads.end(), [](const LoadRecord& load) {
+           return load.isPassedOver && load.file.kind == FileKind::Dictionary;
+         });
 }
 
 void explainNothing(LoadRecord& record, const LoadRequest& request, const LoadOutcome& outcome) {
   NothingLoaded nothing = whyNothingLoaded(record.file, outcome.targetNamespace, request.abstractGroupsIfPossible);
+  if (nothing.isOfOtherFlavour && !isFlavourKnown(outcome)) return passOver(record);
   if (!nothing.isMistake) {
     record.warning = nothing.text;
     return;
@@ -85,16 +103,19 @@ LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, co
   const std::size_t before = countDeclared(file.kind, outcome.dictionary);
   LoadRecord record;
   record.file = file;
-  tryToLoad(loader, record, request, outcome.dictionary);
+  const std::optional<Failure> withAbstractGroups = tryToLoad(loader, record, request, outcome.dictionary);
   outcome.targetNamespace = loader.getTargetNamespace();
-  if (record.withAbstractGroups) {
-    record.whyGroupsAreLeftOut = whyGroupsAreLeftOut(*record.withAbstractGroups, outcome.targetNamespace);
+  if (withAbstractGroups) {
+    const Templates::WideString path = Utils::stringToWstring(file.path.c_str());
+    record.leftOut = findLeftOutGroups(path, *withAbstractGroups, outcome.targetNamespace);
   }
+  if (record.failure && mayLackPassedOver(*record.failure, outcome)) passOver(record);
   if (record.failure) {
     findPlace(file, *record.failure);
     record.explanation = explainFailure(record, outcome, request.abstractGroups);
     record.sameAs = sameFailureBefore(*record.failure, outcome.loads);
-  } else if (file.kind != FileKind::Multiplex && countDeclared(file.kind, outcome.dictionary) == before) {
+  } else if (!record.isPassedOver && file.kind != FileKind::Multiplex &&
+             countDeclared(file.kind, outcome.dictionary) == before) {
     explainNothing(record, request, outcome);
   }
   return record;
@@ -114,6 +135,11 @@ const char* fileKindName(FileKind kind) {
   return "scheme";
 }
 
+bool isFlavourKnown(const LoadOutcome& outcome) {
+  return std::none_of(outcome.loads.begin(), outcome.loads.end(),
+                      [](const LoadRecord& load) { return load.file.kind == FileKind::Multiplex && load.failure; });
+}
+
 bool loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
                  const std::function<void(const LoadRecord&)>& onTrouble) {
   XSDDictionaryLoader2 loader;
@@ -124,7 +150,7 @@ bool loadSchemas(const LoadRequest& request, LoadOutcome& outcome,
   for (const SchemaFile& file : filesInLoadOrder(request)) {
     outcome.loads.push_back(loadRecorded(loader, file, request, outcome));
     const LoadRecord& record = outcome.loads.back();
-    if (record.failure || record.warning || record.withAbstractGroups) onTrouble(record);
+    if (record.failure || record.warning || record.leftOut) onTrouble(record);
     if (record.failure) isComplete = false;
     if (record.failure && !request.keepGoing) break;
   }

@@ -2,6 +2,7 @@
 
 #include "loading/Explanation.h"
 #include "loading/Failure.h"
+#include "loading/LeftOutGroups.h"
 
 #include <MetaMetadata/Dictionary.h>
 #include <Templates/Containers.h>
@@ -45,9 +46,9 @@ struct LoadRecord {
   Explanation explanation;             ///< Of the failure.
   std::optional<std::size_t> sameAs;   ///< Number of the load that met the same fault of the same document before.
   std::optional<std::string> warning;  ///< Why a load that may be meant so added nothing; the rest of a sentence.
-  /// Why the file failed to load with abstract groups, when it was loaded without them after that.
-  std::optional<Failure> withAbstractGroups;
-  std::string whyGroupsAreLeftOut;  ///< The same as the rest of a sentence; empty when they are not left out.
+  /// The warning is that the flavour is not known and the file, or what it needs, is of another than the URN flavour.
+  bool isPassedOver = false;
+  std::optional<LeftOutGroups> leftOut;  ///< When it failed to load with abstract groups, and not without them.
 };
 
 /// What loading left behind. After a failure the dictionary holds what the loads before it, and the failed load itself,
@@ -57,6 +58,9 @@ struct LoadOutcome {
   std::vector<LoadRecord> loads;          ///< In the order in which they were tried.
   MetaMetadata::Dictionary dictionary;
 };
+
+/// Whether no multiplex schema, which tells the flavour, has failed to load.
+bool isFlavourKnown(const LoadOutcome& outcome);
 
 /// Loads the files of the request with one loader into one dictionary, the multiplex first.
 /// @param onTrouble  called for each load that fails, that there is a warning of, or that leaves out abstract

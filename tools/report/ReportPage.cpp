@@ -46,11 +46,12 @@ TemplateData warningData(const LoadRecord& record) {
   return textOrNothing(printable(record.warning.value_or("")));
 }
 
-/// Why abstract groups of the file are missing.
+/// What is missing of the file, and why.
 TemplateData leftOutData(const LoadRecord& record) {
-  if (!record.withAbstractGroups) return {false};
+  if (!record.leftOut) return {false};
+  const LeftOutGroups& leftOut = *record.leftOut;
   return templateText(
-      printable(shownPlace(record.withAbstractGroups->place, record.file.path) + ": " + record.whyGroupsAreLeftOut));
+      printable(leftOut.what + ": " + shownPlace(leftOut.failure.place, record.file.path) + ": " + leftOut.why));
 }
 
 TemplateData loadsData(const std::vector<LoadRecord>& records) {

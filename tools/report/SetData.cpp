@@ -47,6 +47,25 @@ TemplateData ownData(const DictionaryIndex& index, const MetaMetadataSet& set,
   return itemsOrNothing(items);
 }
 
+/// A base that is no set, and whether it could be one.
+TemplateData missingName(std::u32string_view text, bool isFault) {
+  TemplateData data;
+  data["text"] = templateText(text);
+  data["isFault"] = TemplateData(isFault);
+  return data;
+}
+
+/// The same of bases that are known by their types, or false when there are none.
+TemplateData missingTypes(const std::vector<ExtendedType>& types) {
+  std::u32string text;
+  bool isFault = false;
+  for (const ExtendedType& type : types) {
+    text += (text.empty() ? U"" : U" < ") + printable(type.name) + printable(whyMissing(type));
+    isFault = isFault || type.hasGroup;
+  }
+  return types.empty() ? TemplateData(false) : missingName(text, isFault);
+}
+
 /// The inherited attributes, in one group for each base that adds some, whether it is loaded or not.
 TemplateData inheritedData(const DictionaryIndex& index, const MetaMetadataSet& set,
                            const std::vector<AttributeSource>& sources) {
@@ -62,7 +81,7 @@ TemplateData inheritedData(const DictionaryIndex& index, const MetaMetadataSet& 
     total += items.size();
     TemplateData group;
     group["base"] = source.missingType ? TemplateData(false) : linkTo(*source.set);
-    group["missingType"] = source.missingType ? templateText(printable(*source.missingType)) : TemplateData(false);
+    group["missingType"] = source.missingType ? missingTypes({*source.missingType}) : TemplateData(false);
     group["attributes"] = itemsOrNothing(items);
     groups.push_back(std::move(group));
   }
@@ -89,14 +108,10 @@ TemplateData referencesData(const DictionaryIndex& index, const MetaMetadataSet&
   return itemsOrNothing(items);
 }
 
-/// Bases that are not loaded, the set's own or of its bases: the key of the first one, or all by their types.
+/// Bases that are no sets, the set's own or of its bases: the key of the first one, or all by their types.
 TemplateData missingBase(const DictionaryIndex& index, const MetaMetadataSet& set, AttributeSources& sources) {
   const auto missing = index.endOfBasesOf(set);
-  std::u32string text = missing ? printable(*missing) : std::u32string();
-  if (missing) return templateText(text);
-  for (const Templates::WideString& type : sources.missingTypes(set))
-    text += (text.empty() ? U"" : U" < ") + printable(type);
-  return textOrNothing(text);
+  return missing ? missingName(printable(*missing) + U" (not loaded)", true) : missingTypes(sources.missingTypes(set));
 }
 
 }  // namespace

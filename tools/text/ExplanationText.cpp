@@ -117,16 +117,16 @@ std::u32string basesText(const DictionaryIndex& index, const MetaMetadataSet& se
   const DictionaryIndex::Sets bases = index.basesOf(set);
   std::u32string text = listed(bases, U" < ", [](const MetaMetadataSet* base) { return titleOf(*base); });
   const auto missing = index.endOfBasesOf(set);
-  const std::u32string notLoaded = missing ? printable(*missing)
-                                           : listed(sources.missingTypes(set), U" < ",
-                                                    [](const Templates::WideString& type) { return printable(type); });
-  if (notLoaded.empty()) return text;
-  return text + (text.empty() ? U"" : U" < ") + notLoaded + U" (not loaded)";
+  const std::u32string notThere = missing ? printable(*missing) + U" (not loaded)"
+                                          : listed(sources.missingTypes(set), U" < ", [](const ExtendedType& type) {
+                                              return printable(type.name) + printable(whyMissing(type));
+                                            });
+  return text + (text.empty() || notThere.empty() ? U"" : U" < ") + notThere;
 }
 
-/// The base that an attribute is from. Which bases are not loaded is told where they are listed.
+/// The base that an attribute is from. Why a base is not there is told where they are listed.
 std::u32string sourceText(const AttributeSource& source) {
-  return source.missingType ? printable(*source.missingType) : nameText(*source.set);
+  return source.missingType ? printable(source.missingType->name) : nameText(*source.set);
 }
 
 /// @param own  whether to list the set's own attributes or the inherited ones.
