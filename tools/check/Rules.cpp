@@ -48,7 +48,7 @@ constexpr Rule rules[] = {
     {"unknown-annotation", Severity::Warning, Scope::Dictionary, "An annotation is none that is read.",
      "Correct the source of the annotation; what it says is lost.", findUnknownAnnotations},
     {"incomplete-declaration", Severity::Warning, Scope::Dictionary,
-     "A declaration lacks the annotation that makes it an element or group.",
+     "An element or group lacks the annotation that marks it as one.",
      "Annotate an element with ElementUL, and a group with Key.", findUnmarkedDeclarations},
     {"not-read", Severity::Warning, Scope::Dictionary, "Something stands where it is not read.",
      "Declare elements and groups at the top level, and annotate references in the types of groups.", findUnread},

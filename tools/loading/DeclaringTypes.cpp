@@ -63,7 +63,7 @@ std::optional<ExtendedType> DeclaringTypes::extendedType(const MetaMetadata::Met
   if (!own || !declaring || *own == *declaring) return std::nullopt;
   const auto& groups = schemaAt(property.path()).ofGroups;
   const bool hasGroup =
-      std::any_of(groups.begin(), groups.end(), [&](const auto& group) { return group.second == *declaring; });
+      std::any_of(groups.begin(), groups.end(), [&](const auto& entry) { return entry.second == *declaring; });
   return ExtendedType{declaring->second, hasGroup};
 }
 
