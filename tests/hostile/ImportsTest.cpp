@@ -115,7 +115,8 @@ TEST(Imports, AreLimitedInTheirBytes) {
 }
 
 TEST(Imports, ShareTheLimitsOfOneDocument) {
-  const std::string attributes = repeated(998, [](std::size_t i) { return numbered(" a", i) + " CDATA #IMPLIED"; });
+  const std::string prefixes = repeated(900, [](std::size_t i) { return numbered(" xmlns:p", i) + "='u'"; });
+  const std::string attributes = repeated(250, [](std::size_t i) { return numbered(" a", i) + " CDATA #IMPLIED"; });
   const struct {
     std::string declaration;
     std::string content;
@@ -125,11 +126,23 @@ TEST(Imports, ShareTheLimitsOfOneDocument) {
       {"<!ENTITY e '" + times(400, "<a/>x") + "'>", times(2'000, "&e;"), "F/other.xsd:1:5373",
        "4000000 elements, attributes, texts and other nodes"},
       {"<!ENTITY e '" + std::string(4'096, 'x') + "'>", times(6'000, "&e;"), "F/other.xsd:1:5090",
-       "50000000 characters in documents with entities"},
+       "50000000 characters that entities add"},
       {"<!ENTITY e '" + std::string(4'096, 'x') + "'>", "<a b='" + times(6'000, "&e;") + "'/>", "F/other.xsd:1:22478",
-       "50000000 characters in documents with entities"},
-      {"<!ATTLIST b" + attributes + ">", times(40'000, "<b/>"), "F/./other.xsd:1:69",
+       "50000000 characters that entities add"},
+      {"<!ENTITY e '<!--" + std::string(4'080, 'x') + "-->'>", times(6'000, "&e;"), "F/other.xsd:1:5162",
+       "50000000 characters that entities add"},
+      {"<!ENTITY e '<" + std::string(4'080, 'x') + "/>'>", times(6'000, "&e;"), "F/other.xsd:1:5194",
+       "50000000 characters that entities add"},
+      {"<!ATTLIST b" + attributes + attributes + ">", "<b/>", "F/./other.xsd:1:9813",
        "1000 declarations in a document type"},
+      {"<!ATTLIST b" + attributes + ">", times(160'000, "<b/>"), "F/other.xsd:1:325265",
+       "100000000 comparisons with declared attributes"},
+      {"<!ATTLIST b i ID #IMPLIED>", repeated(4'000, [](std::size_t i) { return numbered("<b i='x", i) + "'/>"; }),
+       "F/other.xsd:1:27289", "10000 attributes of type ID"},
+      {"<!ATTLIST b c CDATA '" + std::string(10'000, 'x') + "'>", times(40, "<b/>"), "F/other.xsd:1:10466",
+       "1000000 characters in default values of attributes"},
+      {"", times(4, "<a" + prefixes + ">") + times(100'000, "<b/>") + times(4, "</a>"), "F/other.xsd:1:337387",
+       "1000000000 comparisons with declared prefixes"},
       {"<!ATTLIST b a CDATA ''>", times(40'000, "<b/>"), "F/other.xsd:1:80374",
        "100000 attributes with default values"},
       {"<!ENTITY % e '" + std::string(3'998, ' ') + "'>" + times(120, "%e;"), "", "F/other.xsd:1:4069",

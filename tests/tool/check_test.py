@@ -190,6 +190,10 @@ class Check(CheckTest):
             ('<xs:include schemaLocation="./lost.xsd"/>', "The xs:include of lost.xsd is not followed."),
             ('<xs:include schemaLocation="./s.xsd"/>', None),
             (element(1, "A"), None), (element(2, "B"), None),
+            (element(30, "K", Groups_Comments="for people"), None),
+            (f'<xs:include schemaLocation="{self.folder}/s.xsd"/>', None),
+            (f'<xs:import namespace="urn:z" schemaLocation="{self.folder}/s.xsd"/>', None),  # below this folder
+            ("<xs:include/>", "The xs:include is not followed."),
             (element(3, "C").replace("Dictionary:ElementUL", "Other:Label"),
              '"C" has the annotation ElementName, but no ElementUL, and is not read.'),
             (element(4, "D").replace("SMPTE:MXF:XMLInterface:Dictionary:ElementUL", "Smpte:MXF:XMLInterface:Dictionary:ElementUL"),
@@ -199,14 +203,17 @@ class Check(CheckTest):
              "ElementUL is read at declarations of the top level only."),
         ], "s.xsd": [
             (group(1, "G", attribute("A"), '<xs:group ref="g:More"/>'), "The elements of an xs:group are no attributes of the set."),
+            ('<xs:simpleType name="GType"/><xs:simpleType name="GType"/>', None),
             ('<xs:complexType name="GType"/>', 'Type "GType" is declared twice.'),
             (group(2, "H").replace("Groups:Key", "Other:Key"), '"H" has the annotation Name, but no Key, and is not read.'),
             (group(3, "I", attribute("B", tag_text="")), "The local tag has no text, and is as none."),
+            (group(5, "L", attribute("B", tag_text="80.02").replace("</xs:appinfo>", "</xs:appinfo>"
+             '<xs:appinfo source="urn:SMPTE:MXF:XMLInterface:Groups:LocalTag"/>', 1)), None),
             (group(4, "J").replace("Groups:Key", "Other:Key").replace("name=", 'abstract="true" name=', 1), None),
         ]}
         for name, make in (("d.xsd", dictionary), ("s.xsd", scheme)):
             self.write(name, make("\n", *(line + "\n" for line, _ in lines[name])))
-        rules = ("incomplete-declaration", "not-read", "unknown-annotation")
+        rules = ("incomplete-declaration", "not-read", "unknown-annotation", "wrong-import")
         found = self.findings("d.xsd", "s.xsd", options=[part for rule in rules for part in ("--rule", rule)])
         self.assertEqual(sorted((finding["place"]["path"], finding["place"]["line"], finding["message"]) for finding in found),
                          [(name, line, message) for name, told in lines.items()

@@ -133,8 +133,7 @@ void noteUnmarked(const DOMElement& declaration, const AnnotationsOfOne& all, co
                   std::u16string_view Annotations::*mark,
                   std::initializer_list<std::u16string_view Annotations::*> others, const Context& context) {
   const std::u16string_view missing = context.annotations.*mark;
-  const bool isMarked = hasSource(all, missing) || hasSource(all, otherAnnotations(context.annotations).*mark);
-  if (isMarked || std::find(meant.begin(), meant.end(), narrowSource(missing)) != meant.end()) return;
+  if (std::find(meant.begin(), meant.end(), narrowSource(missing)) != meant.end()) return;
   for (const auto other : others) {
     if (!hasSource(all, context.annotations.*other)) continue;
     context.scan.unmarkedDeclarations.push_back({declarationPositionOf(declaration),
@@ -147,6 +146,9 @@ void noteUnmarked(const DOMElement& declaration, const AnnotationsOfOne& all, co
 void noteUnmarked(const DOMElement& declaration, const AnnotationsOfOne& all, const std::vector<std::string>& meant,
                   const Context& context) {
   if (declaration.getParentNode() != &context.schema || !isNamed(declaration, u"element")) return;
+  for (const Annotations* flavour : {&urnAnnotations, &registryAnnotations}) {
+    if (hasSource(all, flavour->elementLabel) || hasSource(all, flavour->groupKey)) return;
+  }
   noteUnmarked(declaration, all, meant, &Annotations::elementLabel,
                {&Annotations::elementName, &Annotations::elementLength, &Annotations::elementDefinition}, context);
   // Abstract groups need a key only to become sets, too.
@@ -201,13 +203,17 @@ Templates::WideString firstText(const DOMElement& appinfo) {
 }
 
 void noteEmptyTag(const AnnotationsOfOne& all, const Context& context) {
+  const DOMElement* empty = nullptr;
   for (const auto& [source, appinfo] : all) {
-    if (source != context.annotations.localTag || !firstText(*appinfo).empty()) continue;
-    context.scan.unread.push_back({declarationPositionOf(*appinfo),
-                                   "The local tag has no text, and is as none.",
-                                   "Write the tag, or take the annotation out.",
-                                   {}});
+    if (source != context.annotations.localTag) continue;
+    if (!firstText(*appinfo).empty()) return;  // which is read then
+    empty = appinfo;
   }
+  if (empty == nullptr) return;
+  context.scan.unread.push_back({declarationPositionOf(*empty),
+                                 "The local tag has no text, and is as none.",
+                                 "Write the tag, or take the annotation out.",
+                                 {}});
 }
 
 /// An annotation without text is as none to the loader, so that one with text after it is read.

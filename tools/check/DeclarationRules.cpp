@@ -2,6 +2,7 @@
 
 #include "analysis/PendingReferences.h"
 #include "check/RuleFamilies.h"
+#include "loading/ImportedSchemas.h"
 #include "text/ElementText.h"
 #include "text/Unicode.h"
 
@@ -11,6 +12,8 @@
 #include <Utils/TextConversion.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace MXF::Tessel::Tool {
@@ -36,14 +39,22 @@ std::string describedNamespace(const Templates::WideString& uri) {
   return uri.empty() ? "no namespace" : "namespace " + encode(printable(uri));
 }
 
+bool isSameFile(const Templates::WideString& a, const Templates::WideString& b) {
+  std::error_code ignored;
+  return a == b || std::filesystem::equivalent(narrow(a), narrow(b), ignored);
+}
+
 /// Schemas that are included, but neither followed nor given.
 void addInclusions(const Subject& subject, const Templates::WideString& path, Findings& findings) {
   const auto& given = subject.schemas();
   for (const DeclarationScan::Inclusion& inclusion : subject.scanOf(path).inclusions) {
-    const Templates::WideString included = Subject::importedPath(path, inclusion.location);
-    if (std::find(given.begin(), given.end(), included) != given.end()) continue;
-    findings.push_back({placeIn(path, inclusion.position), "The xs:" + encode(printable(inclusion.name)) + " of " +
-                                                               encode(printable(included)) + " is not followed."});
+    const bool isAbsolute = inclusion.location.compare(0, 1, L"/") == 0;  // an import of it would not be
+    const Templates::WideString included = isAbsolute ? inclusion.location : importedPath(path, inclusion.location);
+    const auto isIt = [&](const Templates::WideString& schema) { return isSameFile(schema, included); };
+    if (std::any_of(given.begin(), given.end(), isIt)) continue;
+    const std::string of = inclusion.location.empty() ? "" : " of " + encode(printable(included));
+    findings.push_back(
+        {placeIn(path, inclusion.position), "The xs:" + encode(printable(inclusion.name)) + of + " is not followed."});
     findings.back().remedy =
         "Give that file, too, with --dictionary or --scheme; types that others extend have to be imported.";
   }
@@ -154,7 +165,7 @@ Findings findWrongImports(const Subject& subject) {
   Findings findings;
   for (const Templates::WideString& path : subject.schemas()) {
     for (const DeclarationScan::Import& import : subject.scanOf(path).imports) {
-      const Templates::WideString imported = Subject::importedPath(path, import.location);
+      const Templates::WideString imported = importedPath(path, import.location);
       const DeclarationScan& scan = subject.scanOf(imported);
       if (!scan.isRead || scan.targetNamespace == import.namespaceUri) continue;
       findings.push_back({placeIn(path, import.position), encode(printable(imported)) + " is imported for " +

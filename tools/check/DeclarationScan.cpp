@@ -82,7 +82,7 @@ std::set<std::u16string> scanTopLevel(const DOMElement& schema, const Annotation
 void scanRepeatedTypes(const DOMElement& schema, DeclarationScan& scan) {
   std::map<std::u16string, DeclarationPosition> firsts;
   forEachChild(schema, [&](const DOMElement& declaration) {
-    if (!isNamed(declaration, u"complexType") && !isNamed(declaration, u"simpleType")) return;
+    if (!isNamed(declaration, u"complexType") || !declaration.hasAttribute(u"name")) return;
     const std::u16string name = declaration.getAttribute(u"name");
     const auto [first, isNew] = firsts.emplace(name, declarationPositionOf(declaration));
     if (isNew) return;

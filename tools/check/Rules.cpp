@@ -50,7 +50,7 @@ constexpr Rule rules[] = {
     {"incomplete-declaration", Severity::Warning, Scope::Dictionary,
      "An element or group lacks the annotation that marks it as one.",
      "Annotate an element with ElementUL, and a group with Key.", findUnmarkedDeclarations},
-    {"not-read", Severity::Warning, Scope::Dictionary, "Something stands where it is not read.",
+    {"not-read", Severity::Warning, Scope::Dictionary, "What is misplaced, included, empty or second is not read.",
      "Declare elements and groups at the top level, and annotate references in the types of groups.", findUnread},
     {"unbound-prefix", Severity::Warning, Scope::Dictionary, "A name has a prefix that stands for no namespace.",
      "Bind the prefix at the root of the schema, or correct it.", findUnboundPrefixes},

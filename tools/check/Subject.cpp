@@ -1,5 +1,6 @@
 #include "check/Subject.h"
 
+#include "loading/ImportedSchemas.h"
 #include "text/ElementText.h"
 #include "text/Unicode.h"
 
@@ -68,11 +69,6 @@ const DeclarationScan& Subject::scanOf(const Templates::WideString& path) const 
   const auto known = scans_.find(path);
   if (known != scans_.end()) return known->second;
   return scans_.emplace(path, scanDeclarations(path, annotationsOf(outcome_.targetNamespace))).first->second;
-}
-
-Templates::WideString Subject::importedPath(const Templates::WideString& given, const Templates::WideString& location) {
-  const std::size_t folder = given.rfind(L'/');
-  return shownPath((folder == Templates::WideString::npos ? L"" : given.substr(0, folder + 1)) + location);
 }
 
 std::vector<Subject::ReadSchema> Subject::schemasWithImports() const {

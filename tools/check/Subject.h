@@ -48,8 +48,6 @@ class Subject {
   };
   /// The given schemas, then those that they import from anywhere, each once.
   std::vector<ReadSchema> schemasWithImports() const;
-  /// The path of an imported schema: all locations count from the folder of the given schema.
-  static Templates::WideString importedPath(const Templates::WideString& given, const Templates::WideString& location);
 
   /// Whether any file failed to load, so that something may be missing for that reason alone.
   [[nodiscard]] bool isIncomplete() const;

@@ -5,7 +5,6 @@
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMElement.hpp>
 
-#include <algorithm>
 #include <string>
 
 namespace MXF::Tessel::Tool {
@@ -40,8 +39,10 @@ const DeclaringTypes::Schema& DeclaringTypes::schemaAt(const WideString& path) {
     const DOMElement& root = *document.getDocumentElement();
     const WideString uri = XMLUtils::toWstring(root.getAttribute(u"targetNamespace"));
     forEachChild(root, [&](const DOMElement& declaration) {
-      if (isNamed(declaration, u"element"))
+      if (isNamed(declaration, u"element")) {
         found.ofGroups.emplace(declarationPositionOf(declaration), typeOf(declaration));
+        found.withGroups.insert(typeOf(declaration));
+      }
       if (!isNamed(declaration, u"complexType")) return;
       const Name name{uri, XMLUtils::toWstring(declaration.getAttribute(u"name"))};
       forEachWithin(declaration, [&](const DOMElement& inner) {
@@ -61,10 +62,7 @@ std::optional<ExtendedType> DeclaringTypes::extendedType(const MetaMetadata::Met
   const auto own = valueOf(schemaAt(group.path()).ofGroups, {group.line(), group.column()});
   const auto declaring = valueOf(schemaAt(property.path()).ofProperties, {property.line(), property.column()});
   if (!own || !declaring || *own == *declaring) return std::nullopt;
-  const auto& groups = schemaAt(property.path()).ofGroups;
-  const bool hasGroup =
-      std::any_of(groups.begin(), groups.end(), [&](const auto& entry) { return entry.second == *declaring; });
-  return ExtendedType{declaring->second, hasGroup};
+  return ExtendedType{declaring->second, schemaAt(property.path()).withGroups.count(*declaring) > 0};
 }
 
 }  // namespace MXF::Tessel::Tool

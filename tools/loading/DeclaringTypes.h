@@ -8,6 +8,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace MXF::Tessel::Tool {
@@ -34,6 +35,7 @@ class DeclaringTypes {
   using Name = std::pair<Templates::WideString, Templates::WideString>;  // namespace and local name
   struct Schema {
     std::map<DeclarationPosition, Name> ofGroups;      ///< The types that elements at the top name.
+    std::set<Name> withGroups;                         ///< The same types.
     std::map<DeclarationPosition, Name> ofProperties;  ///< The named types that declarations stand in.
   };
 

@@ -92,7 +92,10 @@ Templates::WideString shownPath(const Templates::WideString& path) {
        found = shown.find(L"/./", found)) {
     shown.erase(found, 2);
   }
-  while (shown.compare(0, 2, L"./") == 0 && shown.size() > 2) shown.erase(0, 2);
+  while (shown.compare(0, 2, L"./") == 0 && shown.size() > 2) {
+    shown.erase(0, 2);
+    while (shown.size() > 1 && shown.front() == L'/') shown.erase(0, 1);  // else it would be another path
+  }
   return shown;
 }
 

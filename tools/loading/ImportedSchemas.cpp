@@ -1,4 +1,4 @@
-// Follows the imports of a schema. Entry point: lookIntoWithImports(); all else is local.
+// Follows the imports of a schema.
 
 #include "loading/ImportedSchemas.h"
 
@@ -16,20 +16,24 @@ using Templates::WideString;
 
 namespace {
 
-/// The locations of a schema's imports, from the folder given.
-std::deque<WideString> importsOf(const xercesc::DOMDocument& document, const WideString& folder) {
+/// The paths of the schemas that a document imports, which the loaded one leads to.
+std::deque<WideString> importsOf(const xercesc::DOMDocument& document, const WideString& loaded) {
   std::deque<WideString> paths;
   forEachChild(*document.getDocumentElement(), [&](const xercesc::DOMElement& import) {
     if (!isNamed(import, u"import") || !import.hasAttribute(u"schemaLocation")) return;
-    paths.push_back(shownPath(folder + XMLUtils::toWstring(import.getAttribute(u"schemaLocation"))));
+    paths.push_back(importedPath(loaded, XMLUtils::toWstring(import.getAttribute(u"schemaLocation"))));
   });
   return paths;
 }
 
 }  // namespace
 
+WideString importedPath(const WideString& loaded, const WideString& location) {
+  const std::size_t folder = loaded.rfind(L'/');
+  return shownPath((folder == WideString::npos ? L"./" : loaded.substr(0, folder + 1)) + location);
+}
+
 void lookIntoWithImports(const WideString& path, const std::function<bool(const xercesc::DOMDocument&)>& action) {
-  const WideString folder = path.substr(0, path.rfind(L'/') + 1);  // none when there is no slash
   std::set<WideString> met;
   std::deque<WideString> open{shownPath(path)};
   bool isFound = false;
@@ -39,7 +43,7 @@ void lookIntoWithImports(const WideString& path, const std::function<bool(const 
     if (!met.insert(next).second) continue;
     lookInto(next, [&](const xercesc::DOMDocument& document) {
       isFound = action(document);
-      for (const WideString& import : importsOf(document, folder)) open.push_back(import);
+      for (const WideString& import : importsOf(document, path)) open.push_back(import);
     });
   }
 }

@@ -8,8 +8,11 @@
 
 namespace MXF::Tessel::Tool {
 
-/// Looks into a schema, then into those that it imports from anywhere, each once, until the action returns true. All
-/// locations count from the folder of the first one, as they do for the loader.
+/// The path of a schema that another one imports or includes: a location counts from the folder of the schema that is
+/// loaded, also when it is absolute.
+Templates::WideString importedPath(const Templates::WideString& loaded, const Templates::WideString& location);
+
+/// Looks into a schema, then into those that it imports from anywhere, each once, until the action returns true.
 void lookIntoWithImports(const Templates::WideString& path,
                          const std::function<bool(const xercesc::DOMDocument&)>& action);
 

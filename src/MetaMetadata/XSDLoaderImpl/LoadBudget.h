@@ -19,7 +19,7 @@ constexpr Utils::Limit attributes{500'000, L"attributes of sets in a load"};
 constexpr Utils::Limit typeLookups{2'000'000, L"look-ups of types in a load"};
 
 /// Namespaces, prefixes and values that elements, sets and attributes have in common, of which each keeps its own copy,
-/// and names that are looked up again and again.
+/// and names and paths that are looked up again and again.
 constexpr Utils::Limit repeatedText{50'000'000, L"characters of repeated texts in a load"};
 
 /// Each item of a value that is a list takes some hundred bytes, and each attribute has its own.

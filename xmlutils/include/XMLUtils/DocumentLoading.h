@@ -27,9 +27,8 @@ enum class Counting {
 ///
 /// @param path    any path of the file system, in UTF-16 code units; the file is opened by its UTF-8 form.
 /// @param parser  a parser of Initializer::domImplementation(); its settings are made here. It owns the document.
-/// @param counting  Further for a file that the content of another one leads to: nodes, document types, texts of
-///        documents with entities, and comparisons with prefixes and declared attributes then have limits in common. The
-///        same file can be written to be read under many names.
+/// @param counting  Further for a file that the content of another one leads to: both then share the limits that
+///        SECURITY.md marks with a star. A small file can be written to be read under many names.
 /// @return the document, or null when the file cannot be opened or is no regular file, such as a directory or a pipe.
 /// @throws xercesc::SAXParseException  the content is not well-formed ("PATH:LINE:COLUMN: " and the parser's text) or
 ///         exceeds a limit ("PATH:LINE:COLUMN: Limit exceeded: more than ..."), with line and column also in the

@@ -73,7 +73,7 @@ class DocumentBudget {
   const Limit* declare() { return take(totals_.doctypeDeclarations, 1, Limits::doctypeDeclarations); }
   const Limit* declareEntity(const XMLCh* value, bool isParameterEntity);
   bool hasEntities() const { return hasEntities_; }
-  /// Text of a document that has entities, which may repeat it.
+  /// Text that entities add, or may have added.
   const Limit* expandText(std::size_t length) { return take(totals_.expandedText, length, Limits::expandedText); }
   const Limit* haveDoctypeText(std::size_t length) { return take(totals_.doctypeText, length, Limits::doctypeText); }
 

@@ -49,7 +49,7 @@ constexpr Limit entityExpansions{10'000, L"expansions of entities"};
 constexpr Limit entityLength{4'096, L"characters in an entity"};
 
 /// What the two allow for one document. Others that it leads to have no more than that between them.
-constexpr Limit expandedText{50'000'000, L"characters in documents with entities"};
+constexpr Limit expandedText{50'000'000, L"characters that entities add"};
 
 /// The parser does not count expansions of parameter entities, and those of nested ones can double with each.
 constexpr Limit parameterEntityNesting{0, L"references in a parameter entity"};

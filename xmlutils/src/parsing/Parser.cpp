@@ -144,6 +144,7 @@ void Parser::countAttribute(const xercesc::XMLAttr& attribute) {
   check(budget_.useName(attribute.getPrefix(), attribute.getName()));
   if (*attribute.getPrefix() != u'\0') check(budget_.resolvePrefix(namespaces_.lengthOf(attribute.getURIId())));
   if (attribute.getType() == xercesc::XMLAttDef::ID) check(budget_.declareIdentifier());
+  // Entities are reported where they stand in content, but not in values.
   if (budget_.hasEntities()) check(budget_.expandText(xercesc::XMLString::stringLen(attribute.getValue())));
   if (attribute.getSpecified()) return;
   check(budget_.makeDefaults(1));
@@ -164,7 +165,6 @@ void Parser::endElement(const xercesc::XMLElementDecl& declaration, unsigned int
 
 void Parser::docCharacters(const XMLCh* characters, XMLSize_t length, bool isCdataSection) {
   check(budget_.addNodes(1));
-  if (budget_.hasEntities()) check(budget_.expandText(length));
   notePosition();
   const bool beginsText = isKnownVersion && fWithinElement && !isCdataSection && getFilter() == nullptr &&
                           fCurrentNode->getNodeType() != xercesc::DOMNode::TEXT_NODE &&
@@ -197,6 +197,7 @@ void Parser::ignorableWhitespace(const XMLCh* characters, XMLSize_t length, bool
 }
 
 void Parser::startEntityReference(const xercesc::XMLEntityDecl& entity) {
+  check(budget_.expandText(entity.getValueLen()));
   DOMLSParserImpl::startEntityReference(entity);
   notePosition();
 }
