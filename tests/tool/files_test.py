@@ -267,7 +267,7 @@ class Explanations(ToolTest):
 
     def test_what_a_reference_that_leads_nowhere_says(self):
         bare = element(2, "Bare").replace("ElementUL", "Elements")
-        self.write("d.xsd", dictionary(element(1, "A"), "\n", bare))
+        self.write("d.xsd", dictionary(element(1, "A"), "\n", bare, element(3, "Count"), element(4, "Counter")))
         good = scheme(group(1, "G", attribute("A")))
         for text, note in (
                 (good.replace('xmlns:e="urn:x:elements"', 'xmlns:e="urn:x:other"'),
@@ -279,6 +279,8 @@ class Explanations(ToolTest):
                  'loaded in the namespace "urn:x:elements": write the reference with the prefix e.'),
                 (good.replace("e:A", "e:Bare"), "It is declared at d.xsd:2:1 without a label: give it one there, in the "
                  "annotation urn:SMPTE:MXF:XMLInterface:Dictionary:ElementUL."),
+                (good.replace("e:A", "e:Couter"), 'Did you mean "e:Counter"? Load the schema that declares the element before '
+                 "this one, or correct the reference."),
                 (good.replace("e:A", "e:B"), 'Load the schema that declares the element before this one, or correct '
                  'the reference. Here e stands for "urn:x:elements".')):
             self.write("s.xsd", text)

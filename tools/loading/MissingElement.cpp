@@ -5,6 +5,7 @@
 
 #include "loading/Annotations.h"
 #include "loading/SchemaDocument.h"
+#include "text/Similarity.h"
 #include "text/Unicode.h"
 
 #include <MetaMetadata/PropertyKeys.h>
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <set>
 #include <string_view>
 
@@ -50,6 +52,27 @@ std::set<WideString> namespacesOf(const WideString& name, const MetaMetadata::Di
     if (tag != properties.end() && uri != properties.end() && tag->second == name) namespaces.insert(uri->second);
   }
   return namespaces;
+}
+
+/// The XML name in the namespace that a given one is most likely mistyped for; nothing when none is near.
+std::optional<WideString> similarName(const WideString& uri, const WideString& name,
+                                      const MetaMetadata::Dictionary& dictionary) {
+  std::optional<WideString> nearest;
+  std::size_t fewest = 0;
+  const std::u32string given = codePoints(name);
+  for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry) {
+    const auto& properties = entry->second->properties();
+    const auto tag = properties.find(MetaMetadata::PropertyKeys::xmlTagName);
+    const auto space = properties.find(MetaMetadata::PropertyKeys::xmlNamespaceURI);
+    if (tag == properties.end() || space == properties.end() || space->second != uri) continue;
+    const std::u32string known = codePoints(tag->second);
+    if (!isSimilar(given, known)) continue;
+    const std::size_t edits = editDistance(given, known);
+    if (nearest && edits >= fewest) continue;
+    nearest = tag->second;
+    fewest = edits;
+  }
+  return nearest;
 }
 
 /// @param prefix  that the reference has; may be empty.
@@ -113,6 +136,8 @@ std::string remedyOfMissingElement(const Failure& failure, const WideString& ref
   if (binding != prefixes.end()) {
     std::string remedy = remedyOfMissingLabel(binding->second, name, outcome);
     if (!remedy.empty()) return remedy;
+    if (const auto similar = similarName(binding->second, name, outcome.dictionary); similar && *similar != name)
+      return "Did you mean " + inQuotes(prefix + L":" + *similar) + "? " + remedyOfAbsence(outcome);
   }
   const std::set<WideString> declaring = namespacesOf(name, outcome.dictionary);
   if (declaring.empty() || (binding != prefixes.end() && declaring.count(binding->second) > 0)) {
