@@ -34,6 +34,13 @@ class CheckLoading(CheckTest):
             self.assertEqual([finding["rule"] for finding in self.findings("d.xsd") if finding["rule"] != "no-declarations"],
                              rules)
 
+    def test_only_prefixes_that_can_be_bound_are_to_be_bound(self):
+        for text, remedy in (("<p:a/>", 'Bind the prefix at the root of the schema: xmlns:p="its namespace".'),
+                             ("<a xmlns:xml='urn:x'/>", "Correct the XML."),
+                             ("<a xmlns:xmlns='urn:x'/>", "Correct the XML.")):
+            self.write("d.xsd", text)
+            self.assertEqual([finding["remedy"] for finding in self.findings("d.xsd")], [remedy])
+
     def test_nothing_is_told_of_a_flavour_that_is_not_known(self):
         self.write("m.xsd", multiplex("urn:x:none"))
         self.write("d1.xsd", dictionary(element(1, "A"), reference(2, "R", "H")))

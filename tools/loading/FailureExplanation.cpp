@@ -111,18 +111,20 @@ std::string remedyOfPrefix(const Case& fault) {
          narrowSource(schemaNamespace) + "\".";
 }
 
+std::string remedyOfXml(const Case& fault) {
+  return fault.isInImport() ? "Correct the XML of the imported schema." : "Correct the XML.";
+}
+
 /// Of the name of an XML element or attribute; the document cannot be looked into then.
 std::string remedyOfUnboundPrefix(const Case& fault) {
-  const WideString prefix = fault.value.substr(0, fault.value.find(L'\''));
+  const std::size_t end = fault.value.find(L"' can not be resolved");
+  if (end == WideString::npos) return remedyOfXml(fault);  // of xml or xmlns, which nothing else can be bound to
+  const WideString prefix = fault.value.substr(0, end);
   std::string uri = "its namespace";
   if (prefix == L"xs" || prefix == L"xsd") uri = narrowSource(schemaNamespace);
   if (prefix == L"xsi") uri = narrowSource(schemaNamespace) + "-instance";
   return "Bind the prefix at the root of the schema: xmlns:" + narrow(prefix) + "=\"" + uri + "\"" +
          (prefix == L"xsd" ? ", and the prefix xs, by which declarations are looked for, too." : ".");
-}
-
-std::string remedyOfXml(const Case& fault) {
-  return fault.isInImport() ? "Correct the XML of the imported schema." : "Correct the XML.";
 }
 
 std::string remedyOfLimit(const Case& /*fault*/) {
