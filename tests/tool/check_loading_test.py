@@ -28,6 +28,22 @@ class CheckLoading(CheckTest):
             notes = self.run_tool("explain", "Keyed", *schema_arguments(["d.xsd", "s.xsd"]))[2].decode()
             self.assertEqual(notes.count(" are left out, since no group has "), len(rules))
 
+    def test_a_misspelled_base_is_told_once_and_where_it_is_written(self):
+        extension = '<xs:extension base="AType"'
+        keyed = group(9, "Keyed").replace('name="', 'abstract="true" name="', 1)
+        files = ["d.xsd", "s1.xsd", "s2.xsd"]
+        self.write("d.xsd", dictionary(element(1, "A")))
+        self.write("base.xsd", scheme(group(1, "A"), "\n", group(2, "B", base="A").replace('base="g:', 'base="')))
+        for own, rule in (("", "missing-base"), (keyed, "left-out-abstract")):
+            for number in (1, 2):
+                self.write(files[number], scheme(f'<xs:import namespace="{GROUPS}" schemaLocation="base.xsd"/>',
+                                                 group(number + 2, "X", base="B"), own))
+            found = [finding for finding in self.findings(*files) if "Write the base" in finding["remedy"]]
+            self.assertEqual([(finding["rule"], finding["place"]) for finding in found],
+                             [(rule, self.place("base.xsd", extension))])
+            self.assertIn('since no group has the base type "AType" of "BType"', found[0]["message"])
+            self.assertEqual([other["place"]["path"] for other in found[0]["related"]], files[1:])
+
     def test_a_wrong_root_is_told_once(self):
         for root, rules in (("svg", ["load-failed"]), ("xs:svg xmlns:xs='urn:x'", ["wrong-root", "empty-dictionary"])):
             self.write("d.xsd", f"<{root} targetNamespace='urn:x'/>")

@@ -6,6 +6,7 @@
 #include "text/Unicode.h"
 
 #include <MetaMetadata/PropertyKeys.h>
+#include <Utils/TextConversion.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -140,14 +141,23 @@ bool hasPassedOver(const Subject& subject) {
   return std::any_of(loads.begin(), loads.end(), [](const LoadRecord& load) { return load.isPassedOver; });
 }
 
-/// Bases that are declared, but not found by the name that a group gives them.
+/// Bases that are declared, but not found by the name that a type gives them.
 Findings misspelledBases(const Subject& subject) {
   Findings findings;
+  std::map<std::string, std::size_t> known;  // many schemes may have their bases from one
   for (const LoadRecord& load : subject.outcome().loads) {
     if (!load.leftOut || load.leftOut->isAbstract) continue;
-    findings.push_back({placeAt(load.leftOut->failure.place),
-                        encode(printable("The base of this group is left out, since " + load.leftOut->why + "."))});
-    findings.back().remedy = encode(printable(load.leftOut->remedy));
+    const LeftOutGroups& leftOut = *load.leftOut;
+    const auto [number, isNew] =
+        known.emplace(shownPlace(leftOut.failure.place, load.file.path) + leftOut.why, findings.size());
+    if (isNew) {
+      findings.push_back(
+          {placeAt(leftOut.failure.place), encode(printable("A base is left out, since " + leftOut.why + "."))});
+      findings.back().remedy = encode(printable(leftOut.remedy));
+    }
+    Finding& finding = findings[number->second];
+    const Place file{shownPath(Utils::stringToWstring(load.file.path.c_str()))};
+    if (file.path != finding.place.path) finding.related.push_back({file, "met while loading this file"});
   }
   return findings;
 }

@@ -13,6 +13,7 @@
 
 #include <xercesc/dom/DOMElement.hpp>
 
+#include <memory>
 #include <string_view>
 
 namespace MXF::Tessel::Tool {
@@ -63,11 +64,42 @@ std::optional<GroupOfType> groupOfType(const WideString& path, const WideString&
   return group;
 }
 
-/// The base type that a failure is about since the loader found no group of it; empty for other failures.
-WideString baseWithoutGroup(const Failure& failure) {
+/// A base type of which the loader found no group, and the type that extends it.
+struct BaseWithoutGroup {
+  WideString base;  ///< As the schema has it; empty when the failure is another.
+  WideString heir;  ///< Without a prefix.
+};
+
+BaseWithoutGroup baseWithoutGroup(const Failure& failure) {
   constexpr std::wstring_view start = L"Definition of type ";
-  if (failure.message.compare(0, start.size(), start) != 0) return {};
-  return failure.message.substr(start.size(), failure.message.find(L", base type for ") - start.size());
+  constexpr std::wstring_view middle = L", base type for ";
+  constexpr std::wstring_view end = L", was not found";
+  const WideString& message = failure.message;
+  const std::size_t found = message.find(middle);
+  if (message.compare(0, start.size(), start) != 0 || found == WideString::npos) return {};
+  const std::size_t heir = found + middle.size();
+  return {message.substr(start.size(), found - start.size()),
+          localPart(message.substr(heir, message.rfind(end) - heir))};
+}
+
+/// Where the base is written, which may be in an import; the failure is placed at a group of the scheme, though that may
+/// have the base by its own base only. Not known when it is not found.
+Utils::SourceLocation placeOf(const BaseWithoutGroup& missing, const WideString& path) {
+  Utils::SourceLocation place;
+  lookIntoWithImports(path, [&](const DOMDocument& document) {
+    const auto look = [&](const DOMElement& extension) {
+      if (place.isKnown() || XMLUtils::toWstring(extension.getAttribute(u"base")) != missing.base) return;
+      const auto file = std::make_shared<const WideString>(XMLUtils::toWstring(document.getDocumentURI()));
+      const DeclarationPosition position = declarationPositionOf(extension);
+      place = {file, position.first, position.second};
+    };
+    forEachChild(*document.getDocumentElement(), [&](const DOMElement& type) {
+      if (!isNamed(type, u"complexType") || XMLUtils::toWstring(type.getAttribute(u"name")) != missing.heir) return;
+      forEachChild(type, [&](const DOMElement& content) { forEachChild(content, look); });
+    });
+    return place.isKnown();
+  });
+  return place;
 }
 
 /// The group without a key that a failure is about, in quotation marks; empty for other failures.
@@ -98,9 +130,12 @@ std::optional<LeftOutGroups> findLeftOutGroups(const WideString& path, const Fai
                                                const WideString& flavour) {
   const Annotations& annotations = annotationsOf(flavour);
   LeftOutGroups groups{failure, "abstract groups", "", "", hasAbstractGroups(path, annotations)};
-  const WideString base = baseWithoutGroup(failure);
+  const BaseWithoutGroup missing = baseWithoutGroup(failure);
+  const WideString& base = missing.base;
   if (!base.empty()) {
-    groups.why = "no group has the base type " + inQuotes(base);
+    const Utils::SourceLocation place = placeOf(missing, path);
+    if (place.isKnown()) groups.failure.place = place;
+    groups.why = "no group has the base type " + inQuotes(base) + " of " + inQuotes(missing.heir);
     groups.remedy = remedyOfSpelling(path, base);
     if (!groups.isAbstract && groups.remedy.empty()) return std::nullopt;
     if (!groups.isAbstract) groups.what = "bases";

@@ -11,7 +11,7 @@ namespace MXF::Tessel::Tool {
 
 /// What is lost by a scheme that had to be loaded without abstract groups.
 struct LeftOutGroups {
-  Failure failure;     ///< That the load with them met.
+  Failure failure;     ///< That the load with them met; for want of a base, placed where the base is written.
   std::string what;    ///< What is left out: "abstract groups", or "bases".
   std::string why;     ///< The rest of it, after "since".
   std::string remedy;  ///< What to do: sentences; empty for the usual, which is to give a group a key.
