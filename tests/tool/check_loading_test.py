@@ -65,17 +65,21 @@ class CheckLoading(CheckTest):
             "urn:SMPTE:MXF:XMLInterface:Groups:MetadataElement", "http://www.smpte-ra.org/schemas/434/Groups/Property"))))
         self.write("s2.xsd", in_registry_flavour(scheme(group(2, "H", attribute("B")))))
         self.write("s3.xsd", scheme(group(3, "I", attribute("B"))))
+        self.write("s4.xsd", scheme(group(4, "J", attribute("Nowhere"))))
+        self.write("s5.xsd", scheme(group(5, "K", attribute("B"))).replace('ref="e:B"', 'ref="g:B"'))
         options = ["--multiplex", "m.xsd"]
         for names, told in ((["d1.xsd", "s1.xsd"], "all was examined in the URN flavour."),
-                            (["d1.xsd", "d2.xsd", "s1.xsd", "s2.xsd", "s3.xsd"],
-                             "3 files of another than the URN flavour were not examined.")):
+                            (["d1.xsd", "d2.xsd", "s1.xsd", "s2.xsd", "s3.xsd", "s4.xsd", "s5.xsd"],
+                             "3 files of another flavour, or that need one, were not examined.")):
             found = self.findings(*names, options=options)
-            rules = [] if len(names) > 2 else ["unresolved-reference"]
-            self.assertEqual([finding["rule"] for finding in found], ["load-failed"] + rules)
+            others = [("load-failed", name) for name in names[5:]] or [("unresolved-reference", "d1.xsd")]
+            self.assertEqual([(finding["rule"], finding["place"]["path"]) for finding in found],
+                             [("load-failed", "m.xsd")] + others)
             self.assertTrue(found[0]["remedy"].endswith(told), found[0]["remedy"])
         status, _, errors = self.run_tool("dump", "--keep-going", *options, *schema_arguments(names))
-        self.assertEqual((status, re.findall(r"^(\S+): (error|warning|note):", errors.decode(), re.MULTILINE)),
-                         (1, [("m.xsd", "error"), ("m.xsd", "note"), ("d2.xsd", "note")]))
+        self.assertEqual((status, re.findall(r"^([^\s:]+)\S*: (error|warning|note):", errors.decode(), re.MULTILINE)),
+                         (1, [("m.xsd", "error"), ("m.xsd", "note"), ("d2.xsd", "note"), ("s4.xsd", "error"),
+                              ("s4.xsd", "note"), ("s5.xsd", "error"), ("s5.xsd", "note")]))
 
 
 if __name__ == "__main__":

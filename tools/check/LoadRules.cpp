@@ -32,7 +32,7 @@ std::string passedOverText(const std::vector<LoadRecord>& loads) {
       std::count_if(loads.begin(), loads.end(), [](const LoadRecord& load) { return load.isPassedOver; });
   if (count == 0) return " The flavour is not known without it; all was examined in the URN flavour.";
   return " The flavour is not known without it: " + counted(static_cast<std::size_t>(count), std::string("file")) +
-         (count == 1 ? " of another than the URN flavour was" : " of another than the URN flavour were") +
+         (count == 1 ? " of another flavour, or that needs one, was" : " of another flavour, or that need one, were") +
          " not examined.";
 }
 

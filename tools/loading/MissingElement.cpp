@@ -1,5 +1,5 @@
-// Why a reference leads to no element: its prefix, or the element is not there. Entry point: remedyOfMissingElement();
-// all else is local.
+// Why a reference leads to no element: its prefix, or the element is not there. Entry points: remedyOfMissingElement() and
+// isForWantOfPassedOver(); all else is local.
 
 #include "loading/MissingElement.h"
 
@@ -107,6 +107,19 @@ std::string remedyOfMissingLabel(const WideString& uri, const WideString& name, 
   return remedy;
 }
 
+/// Whether a dictionary declares an element of that name, in whichever flavour.
+bool declares(const SchemaFile& dictionary, const WideString& uri, const WideString& name) {
+  bool isDeclared = false;
+  lookInto(Utils::stringToWstring(dictionary.path.c_str()), [&](const xercesc::DOMDocument& document) {
+    const xercesc::DOMElement& schema = *document.getDocumentElement();
+    if (XMLUtils::toWstring(schema.getAttribute(u"targetNamespace")) != uri) return;
+    forEachChild(schema, [&](const xercesc::DOMElement& element) {
+      if (isNamed(element, u"element") && XMLUtils::toWstring(element.getAttribute(u"name")) == name) isDeclared = true;
+    });
+  });
+  return isDeclared;
+}
+
 std::string remedyOfAbsence(const LoadOutcome& outcome) {
   if (std::any_of(outcome.loads.begin(), outcome.loads.end(), [](const LoadRecord& before) {
         return before.failure && before.file.kind == FileKind::Dictionary;
@@ -145,6 +158,22 @@ std::string remedyOfMissingElement(const Failure& failure, const WideString& ref
   }
   return text + " An element " + inQuotes(name) + " is loaded in the namespace " + inQuotes(*declaring.begin()) + ": " +
          howToReach(*declaring.begin(), prefix, prefixes) + ".";
+}
+
+bool isForWantOfPassedOver(const Failure& failure, const LoadOutcome& outcome) {
+  constexpr std::wstring_view start = L"The ";
+  if (failure.className != "NotFound" || failure.message.compare(0, start.size(), start) != 0) return false;
+  const WideString reference =
+      failure.message.substr(start.size(), failure.message.find(L' ', start.size()) - start.size());
+  const std::size_t colon = reference.find(L':');
+  if (colon == WideString::npos) return false;
+  const std::map<WideString, WideString> prefixes = boundPrefixes(failure.place.path());
+  const auto binding = prefixes.find(reference.substr(0, colon));
+  if (binding == prefixes.end()) return false;
+  return std::any_of(outcome.loads.begin(), outcome.loads.end(), [&](const LoadRecord& load) {
+    return load.isPassedOver && load.file.kind == FileKind::Dictionary &&
+           declares(load.file, binding->second, reference.substr(colon + 1));
+  });
 }
 
 }  // namespace MXF::Tessel::Tool

@@ -12,4 +12,7 @@ namespace MXF::Tessel::Tool {
 std::string remedyOfMissingElement(const Failure& failure, const Templates::WideString& reference,
                                    const LoadOutcome& outcome);
 
+/// Whether a failure is for want of an element that a dictionary declares which was passed over.
+bool isForWantOfPassedOver(const Failure& failure, const LoadOutcome& outcome);
+
 }  // namespace MXF::Tessel::Tool

@@ -1,6 +1,7 @@
 #include "loading/SchemaLoading.h"
 
 #include "loading/FailureExplanation.h"
+#include "loading/MissingElement.h"
 #include "loading/NothingLoaded.h"
 
 #include <MetaMetadata/Loading/XSDDictionaryLoader2.h>
@@ -67,14 +68,6 @@ void passOver(LoadRecord& record) {
       "tells the flavour, failed to load";
 }
 
-/// Whether a scheme failed for want of an element that a file which was passed over may declare.
-bool mayLackPassedOver(const Failure& failure, const LoadOutcome& outcome) {
-  return failure.className == "NotFound" &&
-         std::any_of(outcome.loads.begin(), outcome.loads.end(), [](const LoadRecord& load) {
-           return load.isPassedOver && load.file.kind == FileKind::Dictionary;
-         });
-}
-
 void explainNothing(LoadRecord& record, const LoadRequest& request, const LoadOutcome& outcome) {
   NothingLoaded nothing = whyNothingLoaded(record.file, outcome.targetNamespace, request.abstractGroupsIfPossible);
   if (nothing.isOfOtherFlavour && !isFlavourKnown(outcome)) return passOver(record);
@@ -109,7 +102,7 @@ LoadRecord loadRecorded(XSDDictionaryLoader2& loader, const SchemaFile& file, co
     const Templates::WideString path = Utils::stringToWstring(file.path.c_str());
     record.leftOut = findLeftOutGroups(path, *withAbstractGroups, outcome.targetNamespace);
   }
-  if (record.failure && mayLackPassedOver(*record.failure, outcome)) passOver(record);
+  if (record.failure && isForWantOfPassedOver(*record.failure, outcome)) passOver(record);
   if (record.failure) {
     findPlace(file, *record.failure);
     record.explanation = explainFailure(record, outcome, request.abstractGroups);
