@@ -152,7 +152,7 @@ void noteUnmarked(const DOMElement& declaration, const AnnotationsOfOne& all, co
   noteUnmarked(declaration, all, meant, &Annotations::elementLabel,
                {&Annotations::elementName, &Annotations::elementLength, &Annotations::elementDefinition}, context);
   // Abstract groups need a key only to become sets, too.
-  if (std::u16string_view(declaration.getAttribute(u"abstract")) == u"true") return;
+  if (isDeclaredAbstract(declaration)) return;
   noteUnmarked(declaration, all, meant, &Annotations::groupKey, {&Annotations::groupName, &Annotations::groupComments},
                context);
 }

@@ -12,8 +12,6 @@
 #include <Utils/TextConversion.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace MXF::Tessel::Tool {
@@ -37,11 +35,6 @@ bool isGivenWrongly(const Templates::WideString& path, const Subject& subject) {
 
 std::string describedNamespace(const Templates::WideString& uri) {
   return uri.empty() ? "no namespace" : "namespace " + encode(printable(uri));
-}
-
-bool isSameFile(const Templates::WideString& a, const Templates::WideString& b) {
-  std::error_code ignored;
-  return a == b || std::filesystem::equivalent(narrow(a), narrow(b), ignored);
 }
 
 /// Schemas that are included, but neither followed nor given.

@@ -20,13 +20,8 @@ bool isReference(const DOMElement& element) {
 }
 
 DeclarationScan::PlainReference plainReference(const DOMElement& reference, const DOMElement& type) {
-  const std::u16string name = reference.getAttribute(u"ref");
-  const std::size_t colon = name.find(u':');
-  const bool hasPrefix = colon != std::u16string::npos;
-  const XMLCh* uri = reference.lookupNamespaceURI(hasPrefix ? name.substr(0, colon).c_str() : nullptr);
-  return {declarationPositionOf(reference), XMLUtils::toWstring(type.getAttribute(u"name")),
-          uri == nullptr ? Templates::WideString() : XMLUtils::toWstring(uri),
-          XMLUtils::toWstring(name.substr(hasPrefix ? colon + 1 : 0).c_str())};
+  const auto [namespaceUri, name] = nameIn(reference, u"ref");
+  return {declarationPositionOf(reference), XMLUtils::toWstring(type.getAttribute(u"name")), namespaceUri, name};
 }
 
 /// Adds the references without a status, and what is no reference but would be one to other readers. Types that are no
@@ -68,9 +63,9 @@ std::set<std::u16string> scanTopLevel(const DOMElement& schema, const Annotation
   forEachChild(schema, [&](const DOMElement& declaration) {
     if (isNamed(declaration, u"import")) return scanImport(declaration, scan);
     const auto key = annotationOf(declaration, annotations.groupKey);
-    scan.declarations[declarationPositionOf(declaration)] = {
-        XMLUtils::toWstring(declaration.getAttribute(u"name")), key.value_or(Templates::WideString()),
-        std::u16string_view(declaration.getAttribute(u"abstract")) == u"true"};
+    scan.declarations[declarationPositionOf(declaration)] = {XMLUtils::toWstring(declaration.getAttribute(u"name")),
+                                                             key.value_or(Templates::WideString()),
+                                                             isDeclaredAbstract(declaration)};
     if (!key) return;
     const std::u16string type = declaration.getAttribute(u"type");
     typesOfGroups.insert(type.substr(type.find(u':') + 1));  // all of it when there is no colon

@@ -38,10 +38,16 @@ std::vector<TagAssignment> tagAssignments(const Subject& subject) {
   return assignments;
 }
 
+const Types::UniversalLabel& identifierOf(const DictionaryIndex::Element& element) {
+  return element.universalLabel();
+}
+const KLV::Key& identifierOf(const DictionaryIndex::Set& set) {
+  return set.key();
+}
+
 /// Labels or keys of which all bytes but that of the version are the same.
-template <class Things, class IdentifierOf>
-void addOtherVersions(const Things& things, const std::string& noun, const IdentifierOf& identifierOf,
-                      Findings& findings) {
+template <class Things>
+void addOtherVersions(const Things& things, const std::string& noun, Findings& findings) {
   const auto keyOf = [&](const auto* thing) {
     auto bytes = identifierOf(*thing).bytes();
     bytes[versionByte] = 0;
@@ -61,8 +67,8 @@ bool areAll(const Bytes& bytes, unsigned char value) {
   return std::all_of(bytes.begin(), bytes.end(), [value](unsigned char byte) { return byte == value; });
 }
 
-template <class Things, class IdentifierOf>
-void addUniform(const Things& things, const std::string& noun, const IdentifierOf& identifierOf, Findings& findings) {
+template <class Things>
+void addUniform(const Things& things, const std::string& noun, Findings& findings) {
   for (const auto* thing : things) {
     const auto& bytes = identifierOf(*thing).bytes();
     if (!areAll(bytes, bytes[0]) || (bytes[0] != 0 && bytes[0] != 0xFF)) continue;
@@ -72,9 +78,8 @@ void addUniform(const Things& things, const std::string& noun, const IdentifierO
 }
 
 /// Those that do not begin as universal labels of a category do.
-template <class Things, class IdentifierOf>
-void addOtherKinds(const Things& things, const std::string& noun, unsigned char category,
-                   const IdentifierOf& identifierOf, Findings& findings) {
+template <class Things>
+void addOtherKinds(const Things& things, const std::string& noun, unsigned char category, Findings& findings) {
   constexpr unsigned char smpte[] = {0x06, 0x0E, 0x2B, 0x34};
   constexpr unsigned char firstOfUuids = 0x80;  // a UUID stands in for a label with its halves exchanged
   for (const auto* thing : things) {
@@ -112,21 +117,15 @@ Findings findIdentifiersOfOtherKinds(const Subject& subject) {
   constexpr unsigned char dictionaryItem = 0x01;
   constexpr unsigned char group = 0x02;
   Findings findings;
-  addOtherKinds(
-      subject.elements(), "label", dictionaryItem,
-      [](const auto& element) -> const auto& { return element.universalLabel(); }, findings);
-  addOtherKinds(
-      subject.sets(), "key", group, [](const auto& set) -> const auto& { return set.key(); }, findings);
+  addOtherKinds(subject.elements(), "label", dictionaryItem, findings);
+  addOtherKinds(subject.sets(), "key", group, findings);
   return findings;
 }
 
 Findings findImpossibleIdentifiers(const Subject& subject) {
   Findings findings;
-  addUniform(
-      subject.elements(), "label", [](const auto& element) -> const auto& { return element.universalLabel(); },
-      findings);
-  addUniform(
-      subject.sets(), "key", [](const auto& set) -> const auto& { return set.key(); }, findings);
+  addUniform(subject.elements(), "label", findings);
+  addUniform(subject.sets(), "key", findings);
   addKeysOfElements(subject, findings);
   const Types::LocalTag none(L"00.00", textForm);
   for (const auto& [set, attribute] : subject.ownAttributes()) {
@@ -166,11 +165,8 @@ Findings findElementsOfManyTags(const Subject& subject) {
 
 Findings findLabelsOfOtherVersions(const Subject& subject) {
   Findings findings;
-  addOtherVersions(
-      subject.elements(), "Labels", [](const auto& element) -> const auto& { return element.universalLabel(); },
-      findings);
-  addOtherVersions(
-      subject.sets(), "Keys", [](const auto& set) -> const auto& { return set.key(); }, findings);
+  addOtherVersions(subject.elements(), "Labels", findings);
+  addOtherVersions(subject.sets(), "Keys", findings);
   return findings;
 }
 

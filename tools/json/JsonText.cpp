@@ -8,41 +8,31 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <string_view>
 
 namespace MXF::Tessel::Tool {
 
 namespace {
 
-/// A character of a text in the form of encode().
-struct Character {
-  std::size_t position;
-  std::size_t size;
-  unsigned codePoint;
-};
-
-/// Lone surrogates, which UTF-8 cannot express, and what a terminal would act on, or show in another order: controls that
-/// JSON need not escape, embeddings, overrides and isolates of the bidirectional algorithm.
-bool isEscaped(unsigned codePoint) {
-  return isSurrogate(codePoint) || (codePoint >= 0x7F && codePoint <= 0x9F) ||
-         (codePoint >= 0x2028 && codePoint <= 0x202E) || (codePoint >= 0x2066 && codePoint <= 0x2069);
+/// Lone surrogates, which UTF-8 cannot express, and what a terminal would act on, or show in another order. The library
+/// escapes the controls before them itself.
+bool isEscaped(char32_t codePoint) {
+  return codePoint >= 0x7F && codePoint <= 0xFFFF && !isPrintable(codePoint);
 }
 
-/// The first character that is written as an escape, or an empty one at the end.
-Character firstEscaped(std::string_view text) {
-  const auto bits = [&](std::size_t i, unsigned mask) { return static_cast<unsigned char>(text[i]) & mask; };
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    Character character{i, 1, bits(i, 0xFF)};
-    if (text[i] == '\xC2' && i + 1 < text.size()) character = {i, 2, bits(i, 0x1F) << 6U | bits(i + 1, 0x3F)};
-    if ((text[i] == '\xE2' || text[i] == '\xED') && i + 2 < text.size())
-      character = {i, 3, bits(i, 0x0F) << 12U | bits(i + 1, 0x3F) << 6U | bits(i + 2, 0x3F)};
-    const bool isWhole = character.size > 1 || character.codePoint < 0x80;
-    if (isWhole && isEscaped(character.codePoint)) return character;
+/// Position of the first character that is written as an escape, or the text's size.
+std::size_t findEscaped(std::string_view text) {
+  std::size_t position = 0;
+  while (position < text.size()) {
+    const auto [codePoint, size] = firstCharacter(text.substr(position));
+    if (size > 0 && isEscaped(codePoint)) break;
+    position += std::max<std::size_t>(size, 1);
   }
-  return {text.size(), 0, 0};
+  return position;
 }
 
-std::string escapeOf(unsigned codePoint) {
+std::string escapeOf(char32_t codePoint) {
   constexpr std::string_view digits = "0123456789abcdef";
   std::string escape = "\\u";
   for (const unsigned shift : {12U, 8U, 4U, 0U}) escape += digits[codePoint >> shift & 0xFU];
@@ -52,12 +42,14 @@ std::string escapeOf(unsigned codePoint) {
 std::string quotedEncoded(std::string_view text) {
   std::string result = "\"";
   while (!text.empty()) {
-    const Character escaped = firstEscaped(text);
-    const std::string written =
-        Json(text.substr(0, escaped.position)).dump(-1, ' ', false, Json::error_handler_t::replace);
+    const std::string_view plain = text.substr(0, findEscaped(text));
+    const std::string written = Json(plain).dump(-1, ' ', false, Json::error_handler_t::replace);
     result.append(written, 1, written.size() - 2);
-    if (escaped.size > 0) result += escapeOf(escaped.codePoint);
-    text.remove_prefix(escaped.position + escaped.size);
+    text.remove_prefix(plain.size());
+    if (text.empty()) break;
+    const Character escaped = firstCharacter(text);
+    result += escapeOf(escaped.codePoint);
+    text.remove_prefix(escaped.size);
   }
   return result + '"';
 }

@@ -5,24 +5,12 @@
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMElement.hpp>
 
-#include <string>
-
 namespace MXF::Tessel::Tool {
 
 using Templates::WideString;
 using xercesc::DOMElement;
 
 namespace {
-
-/// Namespace and local name of the type that an element names.
-std::pair<WideString, WideString> typeOf(const DOMElement& element) {
-  const std::u16string name = element.getAttribute(u"type");
-  const std::size_t colon = name.find(u':');
-  const bool hasPrefix = colon != std::u16string::npos;
-  const XMLCh* uri = element.lookupNamespaceURI(hasPrefix ? name.substr(0, colon).c_str() : nullptr);
-  return {uri == nullptr ? WideString() : XMLUtils::toWstring(uri),
-          XMLUtils::toWstring(hasPrefix ? name.c_str() + colon + 1 : name.c_str())};
-}
 
 template <class Key, class Value>
 std::optional<Value> valueOf(const std::map<Key, Value>& values, const Key& key) {
@@ -40,8 +28,9 @@ const DeclaringTypes::Schema& DeclaringTypes::schemaAt(const WideString& path) {
     const WideString uri = XMLUtils::toWstring(root.getAttribute(u"targetNamespace"));
     forEachChild(root, [&](const DOMElement& declaration) {
       if (isNamed(declaration, u"element")) {
-        found.ofGroups.emplace(declarationPositionOf(declaration), typeOf(declaration));
-        found.withGroups.insert(typeOf(declaration));
+        const Name type = nameIn(declaration, u"type");
+        found.ofGroups.emplace(declarationPositionOf(declaration), type);
+        found.withGroups.insert(type);
       }
       if (!isNamed(declaration, u"complexType")) return;
       const Name name{uri, XMLUtils::toWstring(declaration.getAttribute(u"name"))};

@@ -9,9 +9,7 @@
 #include <XMLUtils/SourcePosition.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <memory>
-#include <system_error>
 
 namespace MXF::Tessel::Tool {
 
@@ -27,9 +25,7 @@ PlacedNote declaredHere(const SourceLocation& place, const WideString& name) {
 
 /// Whether two places are one, in one file by whatever paths.
 bool isSamePlace(const SourceLocation& a, const SourceLocation& b) {
-  if (a.line() != b.line() || a.column() != b.column()) return false;
-  std::error_code ignored;
-  return a.path() == b.path() || std::filesystem::equivalent(narrow(a.path()), narrow(b.path()), ignored);
+  return a.line() == b.line() && a.column() == b.column() && isSameFile(a.path(), b.path());
 }
 
 std::optional<PlacedNote> inDictionary(const Failure& failure, const Dictionary& dictionary) {

@@ -17,7 +17,9 @@
 #include <cstdlib>
 #include <cxxabi.h>
 #include <exception>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <typeinfo>
 
 namespace MXF::Tessel::Tool {
@@ -97,6 +99,11 @@ Templates::WideString shownPath(const Templates::WideString& path) {
     while (shown.size() > 1 && shown.front() == L'/') shown.erase(0, 1);  // else it would be another path
   }
   return shown;
+}
+
+bool isSameFile(const Templates::WideString& a, const Templates::WideString& b) {
+  std::error_code ignored;
+  return a == b || std::filesystem::equivalent(narrow(a), narrow(b), ignored);
 }
 
 std::string shownPlace(const Utils::SourceLocation& place, const std::string& file) {

@@ -32,6 +32,9 @@ Templates::WideString messageWithoutPlace(const Failure& failure);
 /// that is given without a folder, before it.
 Templates::WideString shownPath(const Templates::WideString& path);
 
+/// Whether two paths are spelled alike or lead to one file.
+bool isSameFile(const Templates::WideString& a, const Templates::WideString& b);
+
 /// "PATH:LINE:COLUMN" as it is printed, or the file when the place is not known.
 std::string shownPlace(const Utils::SourceLocation& place, const std::string& file);
 

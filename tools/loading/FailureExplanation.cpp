@@ -149,9 +149,7 @@ std::string remedyOfAbstractGroup() {
 
 std::string remedyOfGroupKey(const Case& fault) {
   bool isAbstract = false;
-  atFault(fault, [&](const DOMElement& group) {
-    isAbstract = XMLUtils::toWstring(group.getAttribute(u"abstract")) == L"true";
-  });
+  atFault(fault, [&](const DOMElement& group) { isAbstract = isDeclaredAbstract(group); });
   if (fault.withAbstractGroups && isAbstract) return remedyOfAbstractGroup();
   return "Give the group its key in " + annotation(fault.annotations().groupKey) + ".";
 }

@@ -29,7 +29,7 @@ bool hasAbstractGroups(const WideString& path, const Annotations& annotations) {
   lookIntoWithImports(path, [&](const DOMDocument& document) {
     forEachChild(*document.getDocumentElement(), [&](const DOMElement& declaration) {
       found = found || (isNamed(declaration, u"element") && !annotationOf(declaration, annotations.elementLabel) &&
-                        std::u16string_view(declaration.getAttribute(u"abstract")) == u"true");
+                        isDeclaredAbstract(declaration));
     });
     return found;
   });

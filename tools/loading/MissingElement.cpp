@@ -42,15 +42,23 @@ std::map<WideString, WideString> boundPrefixes(const WideString& path) {
   return namespaces;
 }
 
-/// The namespaces in which the dictionary has an element of that XML name.
-std::set<WideString> namespacesOf(const WideString& name, const MetaMetadata::Dictionary& dictionary) {
-  std::set<WideString> namespaces;
+/// Calls the action with namespace and XML name of each element that has both.
+template <class Action>
+void forEachXmlName(const MetaMetadata::Dictionary& dictionary, const Action& action) {
   for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry) {
     const auto& properties = entry->second->properties();
     const auto tag = properties.find(MetaMetadata::PropertyKeys::xmlTagName);
     const auto uri = properties.find(MetaMetadata::PropertyKeys::xmlNamespaceURI);
-    if (tag != properties.end() && uri != properties.end() && tag->second == name) namespaces.insert(uri->second);
+    if (tag != properties.end() && uri != properties.end()) action(uri->second, tag->second);
   }
+}
+
+/// The namespaces in which the dictionary has an element of that XML name.
+std::set<WideString> namespacesOf(const WideString& name, const MetaMetadata::Dictionary& dictionary) {
+  std::set<WideString> namespaces;
+  forEachXmlName(dictionary, [&](const WideString& uri, const WideString& known) {
+    if (known == name) namespaces.insert(uri);
+  });
   return namespaces;
 }
 
@@ -60,18 +68,14 @@ std::optional<WideString> similarName(const WideString& uri, const WideString& n
   std::optional<WideString> nearest;
   std::size_t fewest = 0;
   const std::u32string given = codePoints(name);
-  for (auto entry = dictionary.metaElementBegin(); entry != dictionary.metaElementEnd(); ++entry) {
-    const auto& properties = entry->second->properties();
-    const auto tag = properties.find(MetaMetadata::PropertyKeys::xmlTagName);
-    const auto space = properties.find(MetaMetadata::PropertyKeys::xmlNamespaceURI);
-    if (tag == properties.end() || space == properties.end() || space->second != uri) continue;
-    const std::u32string known = codePoints(tag->second);
-    if (!isSimilar(given, known)) continue;
+  forEachXmlName(dictionary, [&](const WideString& space, const WideString& tag) {
+    const std::u32string known = codePoints(tag);
+    if (space != uri || !isSimilar(given, known)) return;
     const std::size_t edits = editDistance(given, known);
-    if (nearest && edits >= fewest) continue;
-    nearest = tag->second;
+    if (nearest && edits >= fewest) return;
+    nearest = tag;
     fewest = edits;
-  }
+  });
   return nearest;
 }
 

@@ -45,6 +45,19 @@ bool isNamed(const xercesc::DOMElement& element, std::u16string_view localName) 
   return name != nullptr && name == localName;
 }
 
+bool isDeclaredAbstract(const DOMElement& declaration) {
+  return std::u16string_view(declaration.getAttribute(u"abstract")) == u"true";
+}
+
+std::pair<Templates::WideString, Templates::WideString> nameIn(const DOMElement& element, const char16_t* attribute) {
+  const std::u16string name = element.getAttribute(attribute);
+  const std::size_t colon = name.find(u':');
+  const bool hasPrefix = colon != std::u16string::npos;
+  const XMLCh* uri = element.lookupNamespaceURI(hasPrefix ? name.substr(0, colon).c_str() : nullptr);
+  return {uri == nullptr ? Templates::WideString() : XMLUtils::toWstring(uri),
+          XMLUtils::toWstring(hasPrefix ? name.c_str() + colon + 1 : name.c_str())};
+}
+
 std::optional<Templates::WideString> annotationOf(const DOMElement& declaration, std::u16string_view source) {
   for (const DOMElement* annotation = declaration.getFirstElementChild(); annotation != nullptr;
        annotation = annotation->getNextElementSibling()) {

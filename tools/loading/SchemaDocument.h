@@ -26,6 +26,13 @@ const xercesc::DOMElement* elementAt(const xercesc::DOMDocument& document, std::
 
 bool isNamed(const xercesc::DOMElement& element, std::u16string_view localName);
 
+/// Whether a group is declared as abstract.
+bool isDeclaredAbstract(const xercesc::DOMElement& declaration);
+
+/// Namespace and local name of what an attribute names; the namespace is empty where the prefix stands for none.
+std::pair<Templates::WideString, Templates::WideString> nameIn(const xercesc::DOMElement& element,
+                                                               const char16_t* attribute);
+
 /// Calls the action with each child element.
 template <class Action>
 void forEachChild(const xercesc::DOMElement& parent, const Action& action) {

@@ -60,13 +60,6 @@ std::size_t sizeOfFirst(std::string_view text) {
   return std::all_of(text.begin() + 1, text.begin() + std::max<std::size_t>(size, 1), isTail) ? size : 0;
 }
 
-char32_t decoded(std::string_view character) {
-  char32_t codePoint = static_cast<unsigned char>(character.front());
-  if (character.size() > 1) codePoint &= 0x7FU >> character.size();
-  for (const char byte : character.substr(1)) codePoint = codePoint << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
-  return codePoint;
-}
-
 void appendEncoded(std::string& bytes, char32_t codePoint) {
   if (codePoint < 0x80) {
     bytes += static_cast<char>(codePoint);
@@ -118,14 +111,26 @@ std::u32string printable(std::u32string text) {
   return text;
 }
 
+bool isPrintable(char32_t codePoint) {
+  return printableCharacter(codePoint) == codePoint;
+}
+
+Character firstCharacter(std::string_view text) {
+  const std::size_t size = sizeOfFirst(text);
+  char32_t codePoint = static_cast<unsigned char>(text.front());
+  if (size > 1) codePoint &= 0x7FU >> size;
+  for (std::size_t i = 1; i < size; ++i) codePoint = codePoint << 6U | (static_cast<unsigned char>(text[i]) & 0x3FU);
+  return {codePoint, size};
+}
+
 std::string printableBytes(std::string_view text) {
   std::string result;
   while (!text.empty()) {
-    const std::size_t size = sizeOfFirst(text);
+    const auto [codePoint, size] = firstCharacter(text);
     if (size == 0) {
       result += text.front();
     } else {
-      appendEncoded(result, printableCharacter(decoded(text.substr(0, size))));
+      appendEncoded(result, printableCharacter(codePoint));
     }
     text.remove_prefix(std::max<std::size_t>(size, 1));
   }

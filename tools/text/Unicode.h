@@ -2,6 +2,7 @@
 
 #include <Templates/Containers.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -39,6 +40,18 @@ inline std::u32string printable(const Templates::WideString& text) {
 
 /// The printable code points of a text of bytes, as paths and messages are.
 std::u32string printable(const std::string& bytes);
+
+/// Whether printable() leaves a code point as it is.
+bool isPrintable(char32_t codePoint);
+
+/// A character of a text in the form of encode().
+struct Character {
+  char32_t codePoint;
+  std::size_t size;  ///< In bytes.
+};
+
+/// The character that a text, which is not empty, starts with; one of no size where it starts with none.
+Character firstCharacter(std::string_view text);
 
 /// Such as "1 file" or "2 files".
 std::u32string counted(std::size_t number, const std::u32string& noun);

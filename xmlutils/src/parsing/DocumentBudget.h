@@ -51,8 +51,9 @@ class DocumentBudget {
   /// Attributes that the parser has made room for before it tells of their element. Each expansion of an entity may look
   /// like one more; in a document type there are only these.
   const Limit* makeRoom(std::size_t count) const {
-    if (count <= Limits::attributes.count + Limits::entityExpansions.count) return nullptr;
-    return isInDoctype_ ? &Limits::parameterEntityExpansions : &Limits::attributes;
+    constexpr const Limit& references = Limits::parameterEntityExpansions;
+    if (isInDoctype_) return count > references.count ? &references : nullptr;
+    return count > Limits::attributes.count + Limits::entityExpansions.count ? &Limits::attributes : nullptr;
   }
   const Limit* declareIdentifier() { return take(totals_.identifiers, 1, Limits::identifiers); }
   const Limit* compareWithDeclared(std::size_t attributes) {
